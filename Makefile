@@ -1,0 +1,37 @@
+# Two commands set everything up on a fresh Debian 12 machine: `make test` and `make demo`.
+
+BUILD_PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
+QT_PACKAGES    := qt6-base-dev qt6-svg-dev libgl-dev fonts-dejavu-core xvfb xauth
+JOBS           ?= $(shell nproc)
+
+.PHONY: all deps build test test-sanitize bench demo clean
+
+all: build
+
+deps:
+	@tools/ensure-packages.sh $(BUILD_PACKAGES) $(QT_PACKAGES)
+
+build: deps
+	cmake --preset default
+	cmake --build --preset default -j $(JOBS)
+
+test: build
+	ctest --preset default -j $(JOBS)
+
+test-sanitize: deps
+	cmake --preset sanitize
+	cmake --build --preset sanitize -j $(JOBS)
+	ctest --preset sanitize -j $(JOBS)
+
+bench: build
+	build/default/bench/txal_bench
+
+demo: build
+	@if [ -x build/default/demo/txal-demo ]; then \
+	  tools/run-demo.sh build/default/demo/txal-demo out; \
+	else \
+	  echo "The demo arrives with a later issue; nothing to run yet."; \
+	fi
+
+clean:
+	rm -rf build out

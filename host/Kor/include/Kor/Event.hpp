@@ -1,0 +1,111 @@
+#pragma once
+// Kor::EventSource and Kor::EventObserver: the notification machinery of the whole library.
+//
+// Rules (every notification follows them):
+//  - delivery goes to the most recently attached observer first;
+//  - an observer attached during a delivery is not called in that delivery;
+//  - an observer detached during a delivery is not called afterwards in it;
+//  - observers of another interface are skipped by a run-time type check;
+//  - an observer that is destroyed detaches itself from every source;
+//  - a source that is destroyed tells each observer (SourceDestroyed) and detaches it; a
+//    delivery in progress on a destroyed source ends at once.
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace Kor {
+
+class EventSource;
+
+class EventObserver {
+public:
+    EventObserver () = default;
+    // Copies observe nothing: attachment belongs to the object, not to its value.
+    EventObserver (const EventObserver&) {}
+    EventObserver& operator= (const EventObserver&) { return *this; }
+    virtual ~EventObserver ();
+
+    // Slot 1: the source is being destroyed; the observer is already detached from it.
+    virtual void SourceDestroyed (EventSource& source);
+
+    std::size_t GetSourceCount () const { return sources.size (); }
+
+private:
+    friend class EventSource;
+    std::vector<EventSource*> sources;
+};
+
+class EventSource {
+public:
+    EventSource () = default;
+    // A copy has no observers of its own.
+    EventSource (const EventSource&) {}
+    EventSource& operator= (const EventSource&) { return *this; }
+    virtual ~EventSource ();
+
+    std::size_t GetObserverCount () const;
+    bool        IsAttached (const EventObserver& observer) const;
+
+protected:
+    // Attaching an observer that is attached already changes nothing.
+    void Attach (EventObserver& observer);
+    void Detach (EventObserver& observer);
+    void DetachAll ();
+
+    // Calls fn(ObserverType&) for each attached observer of that type, newest first.
+    template <typename ObserverType, typename Fn>
+    void NotifyObservers (Fn&& fn);
+
+    // Calls fn(ObserverType&) newest first until it returns true; returns whether one did.
+    template <typename ObserverType, typename Fn>
+    bool NotifyObserversUntil (Fn&& fn);
+
+private:
+    friend class EventObserver;
+
+    struct Delivery {
+        Delivery*  outer = nullptr;
+        bool       sourceDestroyed = false;
+    };
+
+    void Compact ();
+
+    std::vector<EventObserver*> observers;   // in order of attachment; null marks a detached slot
+    Delivery*                   deliveries = nullptr;
+    bool                        hasHoles = false;
+};
+
+template <typename ObserverType, typename Fn>
+void EventSource::NotifyObservers (Fn&& fn)
+{
+    NotifyObserversUntil<ObserverType> ([&fn] (ObserverType& observer) {
+        fn (observer);
+        return false;
+    });
+}
+
+template <typename ObserverType, typename Fn>
+bool EventSource::NotifyObserversUntil (Fn&& fn)
+{
+    Delivery delivery;
+    delivery.outer = deliveries;
+    deliveries = &delivery;
+    bool stopped = false;
+    // Observers attached during the walk land beyond the initial count and are not visited;
+    // detached ones leave a null hole until the outermost delivery ends.
+    for (std::size_t i = observers.size (); i-- > 0;) {
+        EventObserver* observer = observers[i];
+        if (observer == nullptr) continue;
+        auto* typed = dynamic_cast<ObserverType*> (observer);
+        if (typed == nullptr) continue;
+        stopped = fn (*typed);
+        if (delivery.sourceDestroyed) return stopped;
+        if (stopped) break;
+    }
+    deliveries = delivery.outer;
+    if (deliveries == nullptr && hasHoles) Compact ();
+    return stopped;
+}
+
+}   // namespace Kor
