@@ -1,0 +1,80 @@
+#pragma once
+// Wg::TextEdit: a one-line text edit.
+//
+// Change events: with auto update on (the default), every change of the contents by the user
+// sends TextEditChanged; with it off, the event comes when the user commits (Return, Enter, Tab
+// or the focus leaving the edit) and the text differs from the last committed one. Escape
+// restores the last committed text. Programmatic SetText never notifies and, when the text is
+// unchanged, leaves caret and selection alone.
+
+#include "Kor/Range.hpp"
+#include "Wg/Item.hpp"
+
+namespace Wg {
+
+class TextEdit;
+
+class TextEditChangeEvent : public ItemEvent {
+public:
+    explicit TextEditChangeEvent (TextEdit* source);
+    TextEdit* GetSource () const;
+};
+
+class TextEditObserver : public ItemObserver {
+public:
+    virtual void TextEditChanged (const TextEditChangeEvent& event);
+};
+
+class TextEdit : public Item {
+public:
+    static constexpr short DefaultMaxLength = 255;
+
+    TextEdit (const Panel& panel, const Rect& rect, short id = 0, short maxLength = DefaultMaxLength);
+
+    void Attach (TextEditObserver& observer) { Item::Attach (observer); }
+    void Detach (TextEditObserver& observer) { Item::Detach (observer); }
+    bool IsFocusable () const override { return true; }
+
+    Kor::UniString GetText () const { return text; }
+    // Cuts the text to the maximum length.
+    void SetText (const Kor::UniString& newText);
+
+    short GetMaxLength () const { return maxLength; }
+    // Non-positive values are ignored. A longer text is cut.
+    void SetMaxLength (short length);
+
+    // Character selection [begin, end) in code units; the caret is at end.
+    Kor::Range<int> GetSelection () const { return selection; }
+    void            SetSelection (const Kor::Range<int>& range);
+    void            SelectAll ();
+
+    bool GetAutoUpdate () const { return autoUpdate; }
+    void SetAutoUpdate (bool on) { autoUpdate = on; }
+
+    // --- User input entry points ---
+    // Types characters at the caret, replacing the selection; one change per character.
+    void UserType (const Kor::UniString& characters);
+    // Replaces the whole text (a paste over everything): one change.
+    void UserSetText (const Kor::UniString& newText);
+    // Return, Enter, Tab commit; Escape restores; Backspace, Delete, arrows, Home, End edit.
+    bool HandleKey (const Key::Code& key) override;
+    // Sends the pending change (auto update off) when the text differs from the committed one.
+    void Commit ();
+    void Revert ();
+
+protected:
+    void FocusChanged (bool gained) override;
+
+private:
+    void ReplaceSelection (const Kor::UniString& with);
+    void ContentsChangedByUser ();
+    void SendChange ();
+
+    Kor::UniString  text;
+    Kor::UniString  committedText;
+    short           maxLength;
+    Kor::Range<int> selection {0, 0};
+    bool            autoUpdate = true;
+};
+
+}   // namespace Wg
