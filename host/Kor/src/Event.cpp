@@ -6,8 +6,12 @@ namespace Kor {
 
 EventObserver::~EventObserver ()
 {
-    // Detaching edits the source's list, which never touches ours, so a copy is not needed;
-    // walk from the back because Detach erases our entry.
+    DetachFromAllSources ();
+}
+
+void EventObserver::DetachFromAllSources ()
+{
+    // Detach erases our entry from sources, so walk from the back.
     while (!sources.empty ()) {
         EventSource* source = sources.back ();
         source->Detach (*this);

@@ -31,6 +31,11 @@ public:
 
     std::size_t GetSourceCount () const { return sources.size (); }
 
+protected:
+    // Detaches from every source now (a destructor that must stop hearing events before its
+    // members go).
+    void DetachFromAllSources ();
+
 private:
     friend class EventSource;
     std::vector<EventSource*> sources;
