@@ -25,6 +25,7 @@ void Item::SetRect (const Rect& newRect)
     if (newRect == rect) return;
     rect = newRect;
     NotifyPeer (Aspect::Rect);
+    RectChanged ();
 }
 
 void Item::Move (int dx, int dy)
@@ -70,6 +71,7 @@ void Item::SetVisibility (bool show)
     // A hidden item cannot keep the focus.
     if (!visible && IsFocused ()) panel->SetFocusedItem (nullptr);
     NotifyPeer (Aspect::Visibility);
+    VisibilityChanged ();
 }
 
 void Item::SetStatus (bool enable)

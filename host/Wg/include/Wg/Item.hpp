@@ -130,6 +130,10 @@ public:
 protected:
     // Called by the panel when the focus arrives or leaves.
     virtual void FocusChanged (bool gained);
+    // Called after the rectangle or the visibility changed, so that a control can keep what
+    // depends on them in step (a list box moves the controls laid over its rows).
+    virtual void RectChanged () {}
+    virtual void VisibilityChanged () {}
     void NotifyPeer (Aspect aspect, int detail = 0) const
     {
         if (peer != nullptr) peer->Changed (const_cast<Item&> (*this), aspect, detail);

@@ -4,6 +4,15 @@
 // background colour and per-column cells (text and icon). Controls can be laid over a column of
 // the selected row ("on-tab items"). All positions are list-box pixels: x from the left edge of
 // the rows' client area, y from the top of the first visible row.
+//
+// Geometry: the rows' client area is the item's rectangle less a frame of FrameWidth on every
+// side, less the header height at the top when there is a header, less ScrollBarWidth at the
+// right with VScroll. Row r lies at y = (r - scroll position) * item height.
+//
+// Peer aspects: Rows (rows added, removed or changed wholesale), Row (detail = the row), Scroll,
+// Selection (the selected row changed; detail = the new row), Layout (tab fields, header, item
+// height, separator lines), Content (help style), Draw (drawing suspended, resumed or a redraw
+// requested). While drawing is suspended, Row and Rows are collected into one Rows sent on resume.
 
 #include <cstdint>
 #include <memory>
@@ -97,7 +106,7 @@ private:
     short newSize;
 };
 
-class ListBoxObserver : public ItemObserver {
+class ListBoxObserver : public virtual ItemObserver {
 public:
     virtual void ListBoxSelectionChanged (const ListBoxSelectionEvent& event);
     virtual void ListBoxClicked (const ListBoxClickEvent& event);
@@ -128,6 +137,10 @@ public:
     static constexpr int   ScrollBarWidth = 16;
     static constexpr int   DefaultItemHeight = 20;
     static constexpr short DefaultHeaderHeight = 18;
+    // Rows are 16-bit: a list box holds at most this many; further inserts are refused.
+    static constexpr short MaxRowCount = 32767;
+    // On-tab items sit this far right of their column's begin, inside the cell.
+    static constexpr int   OnTabItemInset = 1;
 
     // hasHeader reserves a header area of headerHeight pixels above the rows.
     ListBox (const Panel& panel, const Rect& rect, short id = 0, ScrollType scrollType = VScroll, bool hasHeader = false,
@@ -139,8 +152,10 @@ public:
     bool IsFocusable () const override { return true; }
 
     // --- Rows ---
+    // Invalid rows or columns are ignored by setters; getters answer 0, empty or null for them.
     short GetItemCount () const;
-    // Inserts an empty row before row (row = count + 1 appends). Returns the new row, or 0.
+    // Inserts an empty row before row (row = count + 1 appends). Returns the new row, or 0 when
+    // row is out of range or the list box is full.
     short InsertItem (short row);
     short AppendItem ();
     void  DeleteItem (short row);
@@ -167,11 +182,14 @@ public:
     Icon           GetTabItemIcon (short row, short column) const;
 
     // --- Tab fields (columns) ---
+    // Shrinking the count drops the cells and on-tab items of the columns that go.
     void  SetTabFieldCount (short count);
     short GetTabFieldCount () const;
+    // Positions are stored as given, even end < begin (an inverted field shows nothing).
     void  SetTabFieldBeginEndPosition (short column, short begin, short end);
     short GetTabFieldBeginPosition (short column) const;
     short GetTabFieldEndPosition (short column) const;
+    // end - begin, but never below 0.
     short GetTabFieldWidth (short column) const;
     void  SetTabFieldJustification (short column, short justification);
     short GetTabFieldJustification (short column) const;
@@ -181,7 +199,13 @@ public:
     bool  GetTabFieldOwnerDrawFlag (short column) const;
 
     // --- On-tab items: controls laid over a column of the selected row ---
+    // The caller sizes the item; the list box positions it (x = column begin + OnTabItemInset,
+    // centred vertically in the selected row) and shows it, or hides it while no row is selected
+    // or the selected row is out of view. The list box does not own its on-tab items and
+    // forgets one that is destroyed. An item set over a second column leaves the first; an item
+    // of another panel, or the list box itself, is ignored.
     void  SetOnTabItem (short column, Item& item);
+    // Hides the column's item and forgets it.
     void  RemoveOnTabItem (short column);
     void  RemoveAllOnTabItems ();
     Item* GetOnTabItem (short column) const;
@@ -190,6 +214,7 @@ public:
     bool  IsOnTabItem (const Item& item) const { return GetOnTabItemColumn (item) > 0; }
 
     // --- Selection (single) ---
+    // Programmatic: no event. 0 deselects; rows out of range are ignored.
     void  SelectItem (short row);
     void  DeselectAll ();
     short GetSelectedItem () const;          // 0 when none
@@ -197,6 +222,7 @@ public:
 
     // --- Scrolling and geometry ---
     short GetScrollPosition () const;        // first visible row, 0 when empty
+    // Clamped to [1, max (1, count - visible rows + 1)].
     void  SetScrollPosition (short row);
     short GetVisibleRowCount () const;       // rows that fit into the client area
     void  SetItemHeight (short height);
@@ -204,7 +230,14 @@ public:
     short GetItemWidth () const;             // client width of the rows
     short GetHeaderHeight () const;          // 0 without a header
     bool  HasHeader () const;
-    // The row's rectangle in list-box pixels (see the header); empty when the row does not exist.
+    // The rows' client area in panel coordinates.
+    Rect  GetRowsRect () const;
+    // Whether the whole row lies within the client area at the current scroll position.
+    bool  IsRowInView (short row) const;
+    // Scrolls as little as possible so that the row is in view.
+    void  ScrollIntoView (short row);
+    // The row's rectangle in list-box pixels (see the header), also for rows scrolled away
+    // (negative y above); empty when the row does not exist.
     Rect  GetItemRect (short row) const;
     // The rectangle of a cell, likewise.
     Rect  GetCellRect (short row, short column) const;
@@ -214,50 +247,74 @@ public:
 
     void EnableSeparatorLines (bool enable);
     bool HasSeparatorLines () const;
+    // Tool tips of rows: Item::RequestToolTip (row) asks the observers with the row as sub-item.
     void  SetHelpStyle (short style);
     short GetHelpStyle () const;
 
     // --- Drawing ---
-    // Suspension nests; the last EnableDraw redraws.
+    // Suspension nests; the last EnableDraw redraws (and counts one redraw). An EnableDraw
+    // without a DisableDraw is ignored.
     void DisableDraw ();
     void EnableDraw ();
     bool IsDrawEnabled () const;
+    // Redraw requests while drawing is suspended are absorbed by the redraw on resume.
     void RedrawItem (short row);
     void Redraw ();
-    // How often redraws were requested (for tests of refresh behaviour).
+    // How often redraws were made (for tests of refresh behaviour).
     std::uint64_t GetRedrawCount () const;
 
     // --- Header ---
+    // Synchronised (the default): header item i stands over tab field i; the item count is the
+    // tab field count and an item's size is its field's width. Setting or dragging an item's
+    // size then moves the end of its field and shifts the later fields by the difference, so
+    // every other item keeps its size. Not synchronised: the items are independent.
     void  SetHeaderSynchronState (bool synchronized);
     bool  GetHeaderSynchronState () const;
+    // Ignored while synchronised.
     void  SetHeaderItemCount (short count);
     short GetHeaderItemCount () const;
+    // Stored as given (not below 0); only the user's drag honours the minimum.
     void  SetHeaderItemSize (short headerItem, short size);
     short GetHeaderItemSize (short headerItem) const;
     void  SetHeaderItemMinSize (short headerItem, short size);
     short GetHeaderItemMinSize (short headerItem) const;
     void  SetHeaderItemText (short headerItem, const Kor::UniString& text);
     Kor::UniString GetHeaderItemText (short headerItem) const;
+    // Header items are fixed unless made resizable.
     void  SetHeaderItemResizable (short headerItem, bool resizable);
     bool  IsHeaderItemResizable (short headerItem) const;
 
-    // --- User input entry points ---
-    // A click selects the row (reporting the selection change), then reports the click.
+    // --- User input entry points (ignored while the list box is hidden or disabled) ---
+    // A click on a row selects it (ListBoxSelectionChanged when the selection changed), gives
+    // the list box the focus unless one of its on-tab items has it, then sends ListBoxClicked.
+    // A click on no row is ignored.
     void Click (short row, Point mouseOffset);
+    // Only sends ListBoxDoubleClicked: a backend reports the first press through Click.
     void DoubleClick (short row, Point mouseOffset);
-    // The user selected a row with the keyboard or otherwise.
+    // The user selected a row (0: none) with the keyboard or otherwise.
     void UserSelect (short row);
     void UserScroll (short firstVisibleRow);
-    // The user dragged a header divider; the size is clamped to the item's minimum.
+    // The user dragged a header divider; the size is clamped to the item's minimum and to 0,
+    // stored, and reported by ListBoxHeaderItemResized. Ignored for fixed items.
     void UserResizeHeaderItem (short headerItem, short newSize);
+    // Up, Down, Home, End, PageUp and PageDown move the selection like UserSelect and scroll
+    // the new row into view.
+    bool HandleKey (const Key::Code& key) override;
 
-    // --- Painting entry points (a backend's paint, or a test) ---
+    // --- Painting entry points (a backend's paint, or a test); list-box pixels ---
     // Draws one row into context at its rectangle: background, cells, owner-drawn cells through
-    // ListBoxTabFieldUpdate and owner-drawn rows through ListBoxItemUpdate.
+    // ListBoxTabFieldUpdate and owner-drawn rows through ListBoxItemUpdate, separator line.
     void PaintRow (short row, Gfx::DrawingContext& context);
-    // The same for a row, returning the recording of each owner-drawn cell separately.
+    // A fresh recording of one cell: the owner's drawing for an owner-drawn field, otherwise
+    // the cell's icon and text.
     Gfx::DrawingContext PaintCell (short row, short column);
+    // Asks the observers to draw over the rows' whole visible area.
     void PaintOverlay (Gfx::DrawingContext& context);
+
+protected:
+    // Keeps the scroll position and the on-tab items in step with the list box.
+    void RectChanged () override;
+    void VisibilityChanged () override;
 
 private:
     struct Impl;
