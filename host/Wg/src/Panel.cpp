@@ -77,16 +77,17 @@ void Panel::SetFocusedItem (Item* item)
     Item* previous = focused;
     focused = item;
     // The previous item hears first, so that an edit commits what was typed before anything
-    // else happens.
+    // else happens. Each item's peer hears before its observers: an observer may destroy the
+    // item, which must not be touched afterwards.
     if (previous != nullptr) {
-        previous->FocusChanged (false);
         previous->NotifyPeer (Aspect::Focus);
+        previous->FocusChanged (false);
     }
     // The previous item's reaction may have moved the focus again; only tell the item that
     // still has it.
     if (item != nullptr && focused == item) {
-        item->FocusChanged (true);
         item->NotifyPeer (Aspect::Focus);
+        item->FocusChanged (true);
     }
 }
 

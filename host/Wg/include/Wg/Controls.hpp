@@ -27,7 +27,7 @@ public:
     BarControl* GetSource () const;
 };
 
-class BarControlObserver : public ItemObserver {
+class BarControlObserver : public virtual ItemObserver {
 public:
     // The user released the thumb (or changed the value by keyboard).
     virtual void BarControlChanged (const BarControlChangeEvent& event);
@@ -49,7 +49,8 @@ public:
     std::int32_t GetMax () const { return maxValue; }
     void         SetMax (std::int32_t newMax);
 
-    // --- User input entry points (values are clamped) ---
+    // --- User input entry points (values are clamped; each reports even when the thumb
+    // stays where it was, so that a release always ends a drag) ---
     void UserDrag (std::int32_t newValue);
     void UserRelease (std::int32_t newValue);
 
@@ -67,7 +68,7 @@ public:
     ButtonItem* GetSource () const;
 };
 
-class ButtonItemObserver : public ItemObserver {
+class ButtonItemObserver : public virtual ItemObserver {
 public:
     virtual void ButtonClicked (const ButtonClickEvent& event);
 };
@@ -101,7 +102,7 @@ public:
     CheckItem* GetSource () const;
 };
 
-class CheckItemObserver : public ItemObserver {
+class CheckItemObserver : public virtual ItemObserver {
 public:
     virtual void CheckItemChanged (const CheckItemChangeEvent& event);
 };

@@ -4,10 +4,13 @@
 //
 // Each holds a value, a minimum and a maximum. The user types into a text buffer; the buffer is
 // parsed when the user commits (Return, Enter, Tab, focus loss) or, with auto update on, after
-// every keystroke. A value that parses is clamped to [minimum, maximum] and stored; a change
-// sends the change event. Text that does not parse is refused: on commit the buffer returns to
-// the value's text and the value stays. Escape restores the value's text. Programmatic setters
-// never notify; SetValue stores the value as given.
+// every keystroke. A value that parses is clamped to [minimum, maximum] (the minimum tested
+// first: with min > max a value below the minimum ends at the minimum, any other at the maximum)
+// and stored; a change sends the change event. While the user types, the buffer stays as typed;
+// a commit shows the value's text. Text that does not parse is refused: on commit the buffer
+// returns to the value's text and the value stays. Escape restores the value's text.
+// Programmatic setters never notify; SetValue stores the value as given, and the value the
+// edit holds already leaves what the user is typing alone.
 
 #include <cstdint>
 
@@ -38,17 +41,17 @@ public:
     PosIntEdit* GetSource () const;
 };
 
-class RealEditObserver : public ItemObserver {
+class RealEditObserver : public virtual ItemObserver {
 public:
     virtual void RealEditChanged (const RealEditChangeEvent& event);
 };
 
-class IntEditObserver : public ItemObserver {
+class IntEditObserver : public virtual ItemObserver {
 public:
     virtual void IntEditChanged (const IntEditChangeEvent& event);
 };
 
-class PosIntEditObserver : public ItemObserver {
+class PosIntEditObserver : public virtual ItemObserver {
 public:
     virtual void PosIntEditChanged (const PosIntEditChangeEvent& event);
 };
@@ -66,6 +69,8 @@ public:
     void SetAutoUpdate (bool on) { autoUpdate = on; }
 
     // --- User input entry points ---
+    // A shown value counts as selected as a whole: the first character typed replaces it, later
+    // ones append (Backspace removes the last one).
     void UserType (const Kor::UniString& characters);
     void UserSetText (const Kor::UniString& newText);
     bool HandleKey (const Key::Code& key) override;
@@ -111,8 +116,11 @@ public:
     double GetMax () const { return maxValue; }
     void   SetMax (double newMax);
 
-    // The working units changed: show the value in the new units.
-    void RefreshText () { ShowValueText (); }
+    // The working units changed: show the value in the new units (unless the user is typing).
+    void RefreshText ()
+    {
+        if (!IsEditing ()) ShowValueText ();
+    }
 
 protected:
     Kor::UniString FormatValue () const override;
@@ -125,7 +133,9 @@ private:
     double maxValue = 1e30;
 };
 
-// A whole-number edit. The PosIntEdit accepts only numbers of at least 0.
+// A whole-number edit: blanks, an optional sign and decimal digits; numbers beyond 32 bits do
+// not parse. The PosIntEdit accepts only numbers of at least 0: its bounds never go below 0 and
+// a typed negative number is refused.
 class IntEdit : public NumberEditBase {
 public:
     IntEdit (const Panel& panel, const Rect& rect, short id = 0);
@@ -144,6 +154,8 @@ protected:
     Kor::UniString FormatValue () const override;
     bool           TryAccept (const Kor::UniString& typed, bool committing) override;
     virtual void   SendChange ();
+    // No bound goes below this, and typed numbers below it are refused rather than clamped.
+    virtual std::int32_t GetLowestMin () const;
 
 private:
     std::int32_t value = 0;
@@ -159,7 +171,8 @@ public:
     void Detach (PosIntEditObserver& observer) { Item::Detach (observer); }
 
 protected:
-    void SendChange () override;
+    void         SendChange () override;
+    std::int32_t GetLowestMin () const override;
 };
 
 }   // namespace Wg

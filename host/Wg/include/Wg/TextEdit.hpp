@@ -4,8 +4,8 @@
 // Change events: with auto update on (the default), every change of the contents by the user
 // sends TextEditChanged; with it off, the event comes when the user commits (Return, Enter, Tab
 // or the focus leaving the edit) and the text differs from the last committed one. Escape
-// restores the last committed text. Programmatic SetText never notifies and, when the text is
-// unchanged, leaves caret and selection alone.
+// restores the last committed text. Programmatic SetText never notifies, makes its text the
+// committed one and, when the text is unchanged, leaves caret and selection alone.
 
 #include "Kor/Range.hpp"
 #include "Wg/Item.hpp"
@@ -20,7 +20,7 @@ public:
     TextEdit* GetSource () const;
 };
 
-class TextEditObserver : public ItemObserver {
+class TextEditObserver : public virtual ItemObserver {
 public:
     virtual void TextEditChanged (const TextEditChangeEvent& event);
 };
@@ -57,6 +57,7 @@ public:
     // Replaces the whole text (a paste over everything): one change.
     void UserSetText (const Kor::UniString& newText);
     // Return, Enter, Tab commit; Escape restores; Backspace, Delete, arrows, Home, End edit.
+    // Tab is reported unused, so that the panel or the host moves the focus on.
     bool HandleKey (const Key::Code& key) override;
     // Sends the pending change (auto update off) when the text differs from the committed one.
     void Commit ();

@@ -31,7 +31,7 @@ public:
     UserControl* GetSource () const;
 };
 
-class UserControlObserver : public ItemObserver {
+class UserControlObserver : public virtual ItemObserver {
 public:
     virtual void UserControlChanged (const UserControlChangeEvent& event);
     virtual void UserControlTrackEntered (const UserControlTrackEvent& event);
