@@ -212,11 +212,15 @@ short ListBox::AppendItem ()
 void ListBox::DeleteItem (short row)
 {
     if (!impl->IsRow (row)) return;
+    // The selection goes while the row still exists, so that an edit over it commits to it.
+    if (impl->selected == row) {
+        const std::weak_ptr<char> alive = impl->lifeToken;
+        impl->SetSelected (NoRow);
+        if (alive.expired () || !impl->IsRow (row)) return;
+    }
     impl->rows.erase (impl->rows.begin () + (row - 1));
     impl->RowsChanged ();
-    if (impl->selected == row)
-        impl->SetSelected (NoRow);
-    else if (impl->selected > row) {
+    if (impl->selected > row) {
         --impl->selected;
         impl->Notify (Aspect::Selection, impl->selected);
     }
@@ -226,10 +230,13 @@ void ListBox::DeleteItem (short row)
 
 void ListBox::DeleteAllItems ()
 {
+    // The selection goes while the rows still exist, so that an edit over them commits.
+    const std::weak_ptr<char> alive = impl->lifeToken;
+    impl->SetSelected (NoRow);
+    if (alive.expired ()) return;
     // The row storage keeps its capacity: a rebuild of the same size allocates nothing.
     impl->rows.clear ();
     impl->RowsChanged ();
-    impl->SetSelected (NoRow);
     impl->SetScroll (NoRow);
 }
 

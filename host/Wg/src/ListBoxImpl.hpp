@@ -93,7 +93,9 @@ struct ListBox::Impl {
     Rect  GetCellRect (short row, short column) const;
 
     // --- State changes with their consequences ---
-    // Sets the selected row; returns whether it changed. Moves the on-tab items.
+    // Sets the selected row; returns whether it changed. On-tab items belong to the selected
+    // row: a change first takes the focus out of them (which commits what was typed while the
+    // old row is still selected) and then removes them; the new row's owner places its own.
     bool  SetSelected (short row);
     void  SetScroll (short row);
     // Brings the scroll position back into range after rows or geometry changed.

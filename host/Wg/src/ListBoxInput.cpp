@@ -7,7 +7,9 @@
 //     -> Item::SetFocus               unless an on-tab item of this list box has the focus
 //     -> ListBoxClicked
 //   DoubleClick (row, offset)         -> ListBoxDoubleClicked only (the first press came as Click)
-//   UserSelect (row)                  -> ListBoxSelectionChanged, when the row changed
+//   UserSelect (row)                  -> focus leaves an on-tab item (committing it), then
+//                                        ListBoxSelectionChanged, when the row changed, then the
+//                                        focus returns to that item if it stands on the new row
 //   HandleKey (arrows, Home, End, pages) -> UserSelect, then ScrollIntoView
 //   UserScroll (row)                  -> scroll position (clamped); on-tab items follow
 //   UserResizeHeaderItem (i, size)    -> size stored -> ListBoxHeaderItemResized
@@ -25,9 +27,16 @@ namespace Wg {
 bool ListBox::Impl::SetSelected (short row)
 {
     if (row == selected) return false;
+    if (!onTabItems.empty ()) {
+        const std::weak_ptr<char> alive = lifeToken;
+        Item* focused = self.GetPanel ().GetFocusedItem ();
+        if (focused != nullptr && self.IsOnTabItem (*focused)) self.SetFocus ();
+        // Committing may have rebuilt the rows or moved the selection already.
+        if (alive.expired () || row == selected || (row != NoRow && !IsRow (row))) return false;
+        while (!onTabItems.empty ()) RemoveOnTabEntry (onTabItems.size () - 1, true);
+    }
     selected = row;
     Notify (Aspect::Selection, selected);
-    PlaceOnTabItems ();
     return true;
 }
 
@@ -146,9 +155,23 @@ void ListBox::UserSelect (short row)
 {
     if (!IsVisible () || !IsEnabled () || (row != NoRow && !impl->IsRow (row))) return;
     const std::weak_ptr<char> alive = impl->lifeToken;
+    // What the user typed into a control of the old row is committed while that row is still
+    // the selected one: the focus leaves the control first, and returns to it on the new row if
+    // the control stands there too.
+    Item* editing = GetPanel ().GetFocusedItem ();
+    if (editing != nullptr && !IsOnTabItem (*editing)) editing = nullptr;
+    if (row != impl->selected && editing != nullptr) {
+        SetFocus ();
+        if (alive.expired ()) return;
+    }
     if (!impl->SetSelected (row) || alive.expired ()) return;
     const ListBoxSelectionEvent event (this, row);
     impl->NotifyListBoxObservers ([&] (ListBoxObserver& observer) { observer.ListBoxSelectionChanged (event); });
+    if (alive.expired () || editing == nullptr) return;
+    // Only an address comparison: the control may have gone meanwhile.
+    const bool stillPlaced = std::any_of (impl->onTabItems.begin (), impl->onTabItems.end (),
+                                          [editing] (const Impl::OnTabEntry& e) { return e.item == editing; });
+    if (stillPlaced && editing->IsVisible ()) editing->SetFocus ();
 }
 
 void ListBox::UserScroll (short firstVisibleRow)

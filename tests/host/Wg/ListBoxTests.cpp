@@ -124,20 +124,52 @@ TEST_F (ListBoxTest, ClickSelectsThenReports)
     listBox.Detach (events);
 }
 
-TEST_F (ListBoxTest, ClickKeepsTheFocusInAnOnTabItem)
+TEST_F (ListBoxTest, ClickOnAnotherRowCommitsThenMovesTheEditingControl)
 {
     ListBox listBox (panel, Rect (0, 0, 200, 100));
     listBox.SetTabFieldCount (2);
     listBox.SetTabFieldBeginEndPosition (2, 50, 150);
     Fill (listBox, 3);
-    FakeEdit edit (panel, 60, 16);
+    // Stands in for the list box's owner: the edit loses the focus (and commits) while row 1 is
+    // still selected, then the owner places it on the new row, and the focus returns to it.
+    struct Owner : Wg::ListBoxObserver {
+        ListBox*    listBox = nullptr;
+        Wg::Item*   edit = nullptr;
+        std::string log;
+        void ListBoxSelectionChanged (const Wg::ListBoxSelectionEvent& e) override
+        {
+            log += "sel:" + std::to_string (e.GetListItem ()) + (edit->IsVisible () ? "(edit shown)" : "(edit gone)") + " ";
+            listBox->SetOnTabItem (2, *edit);
+        }
+    };
+    struct CommittingEdit : FakeEdit {
+        CommittingEdit (const Wg::Panel& panel, ListBox& listBox, std::string& log) : FakeEdit (panel, 60, 16), listBox (listBox), log (log) {}
+        void FocusChanged (bool gained) override
+        {
+            if (!gained) log += "commit@" + std::to_string (listBox.GetSelectedItem ()) + " ";
+        }
+        ListBox&     listBox;
+        std::string& log;
+    };
+    Owner owner;
+    CommittingEdit edit (panel, listBox, owner.log);
+    owner.listBox = &listBox;
+    owner.edit = &edit;
     listBox.SelectItem (1);
     listBox.SetOnTabItem (2, edit);
+    listBox.Attach (owner);
     edit.SetFocus ();
 
     listBox.Click (2, Point (60, 3));
+    EXPECT_EQ (owner.log, "commit@1 sel:2(edit gone) ");
     EXPECT_TRUE (edit.IsFocused ());
     EXPECT_EQ (Placement (edit), "(52,23,112,39)");
+    listBox.Detach (owner);
+
+    // A programmatic change of row takes the items away too; nobody places them again here.
+    listBox.SelectItem (3);
+    EXPECT_EQ (Placement (edit), "hidden");
+    EXPECT_EQ (listBox.GetOnTabItem (2), nullptr);
 
     // Any other focus goes to the list box.
     panel.SetFocusedItem (nullptr);
@@ -201,7 +233,10 @@ TEST_F (ListBoxTest, OnTabItemStandsOverTheSelectedRow)
         Fill (listBox, 6);
         listBox.SetOnTabItem (2, edit);
         EXPECT_EQ (Placement (edit), "hidden");
+        // On-tab items belong to the selected row: selecting drops them, the owner places them.
         listBox.SelectItem (3);
+        EXPECT_EQ (Placement (edit), "hidden");
+        listBox.SetOnTabItem (2, edit);
         EXPECT_EQ (Placement (edit), "(42,63,92,79)");
     }
     // The list box does not own it, and hides it when it goes.
@@ -221,9 +256,9 @@ TEST_F (ListBoxTest, OnTabItemStandsOverTheSelectedRow)
     trail += " " + Placement (edit);
     listBox.UserScroll (1);                 // rows 1..7
     trail += " " + Placement (edit);
-    listBox.SelectItem (9);                 // below the view
+    listBox.UserScroll (2);                 // rows 2..8: row 3 in view again
     trail += " " + Placement (edit);
-    listBox.SelectItem (2);
+    listBox.SetScrollPosition (1);
     listBox.SetTabFieldBeginEndPosition (2, 40, 90);
     trail += " " + Placement (edit);
     listBox.SetItemHeight (24);
@@ -234,7 +269,7 @@ TEST_F (ListBoxTest, OnTabItemStandsOverTheSelectedRow)
     trail += " " + Placement (edit);
     listBox.Show ();
     trail += " " + Placement (edit);
-    EXPECT_EQ (trail, "(42,61,92,77) hidden (42,81,92,97) hidden (52,61,102,77) (52,67,102,83) (57,72,107,88) hidden (57,72,107,88)");
+    EXPECT_EQ (trail, "(42,61,92,77) hidden (42,81,92,97) (42,61,92,77) (52,81,102,97) (52,91,102,107) (57,96,107,112) hidden (57,96,107,112)");
     EXPECT_EQ (listBox.GetOnTabItem (2), &edit);
 }
 
