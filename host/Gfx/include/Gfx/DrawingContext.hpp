@@ -64,6 +64,8 @@ public:
     void FillPolygon (std::vector<Point> points, const Color& fill);
     void DrawPolygon (std::vector<Point> points, const Color& fill, const Color& frame, bool filled, bool framed);
     void DrawHatch (const Rect& rect, const HatchPattern& pattern, const Color& foreground, const Color& background);
+    // The icon keeps its aspect ratio: it is drawn at its natural size (scaled down to fit when
+    // rect is smaller), at the left of rect and centred vertically.
     void DrawIcon (std::int64_t module, std::int32_t resourceId, const Rect& rect, bool greyed = false);
     void DrawText (const Kor::UniString& text, const Rect& rect, const TextStyle& style = {});
     // Clips every later primitive to rect (intersected with the current clip) until PopClip.
