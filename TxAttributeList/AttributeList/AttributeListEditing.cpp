@@ -1,0 +1,457 @@
+// AttributeList: in-place editing, control events, focus, tool tips and keyboard.
+//
+// How host events reach items:
+//   ListBoxSelectionChanged  -> SetOnTabItems -> item.InitializeOnTabItems; observers hear
+//                               AttributeListSelectionChanged
+//   ListBoxClicked           -> item.ItemClicked (selected row)
+//   ListBoxDoubleClicked     -> item.ItemDoubleClicked (under draw suspension)
+//   ListBoxItemUpdate        -> item.UpdatePreviewItem (row of the event)
+//   ListBoxTabFieldUpdate    -> item.UpdatePreviewTab (row of the event)
+//   edit / user control / slider / button / check box events
+//                            -> DispatchToSelectedItem -> item handler of the same kind, then
+//                               item.DrawListItem (selected row)
+//   KeyPressed (the list's keyboard handler) -> arrows, space, popup modifier
+
+#include "DrawSuspension.hpp"
+#include "Kor/Assert.hpp"
+#include "TxAttributeList/AttributeList.hpp"
+#include "TxAttributeList/OnTabItems.hpp"
+#include "TxAttributeList/ValueItems.hpp"
+
+namespace TxAL {
+
+namespace {
+
+constexpr const char* AssertPrefix = "TxAL error";
+constexpr const char* SourceFile = "AttributeList";
+
+// The modifier that opens popups, as the host's key state query names it.
+constexpr int PopupModifierKey = 2;
+constexpr int KeyStateDown = 1;
+constexpr char16_t SpaceCharacter = 32;
+
+// Watches an item for its destruction while an event is being handled.
+class ItemLifeGuard : public AttributeListItemObserver {
+public:
+    explicit ItemLifeGuard (AttributeListItem& item) { item.Attach (*this); }
+    void SourceDestroyed (Kor::EventSource&) override { alive = false; }
+    bool IsAlive () const { return alive; }
+
+private:
+    bool alive = true;
+};
+
+}   // namespace
+
+template <typename Fn>
+void AttributeList::DispatchToSelectedItem (Fn&& fn)
+{
+    AttributeListItem* item = GetSelectedRowItem ();
+    if (item == nullptr) return;
+    DrawSuspension suspension (*this);
+    ItemLifeGuard guard (*item);
+    fn (*item);
+    // An observer may have deleted the item, or the rows may have moved under it.
+    if (!guard.IsAlive ()) return;
+    const short row = listBox->GetSelectedItem ();
+    if (row > 0 && GetItemOfRow (row) == item) item->DrawListItem (row);
+}
+
+// --- In-place controls and focus ---
+
+bool AttributeList::SetOnTabItems ()
+{
+    AttributeListItem* item = GetSelectedRowItem ();
+    if (item == nullptr) return false;
+    item->SetOnTabItems (*onTabItems);
+    item->InitializeOnTabItems ();
+    return true;
+}
+
+void AttributeList::SetFocusToEditControl ()
+{
+    OnTabItems& c = *onTabItems;
+    // The second real edit is observed but never a focus target, on purpose.
+    Wg::Item* const order[] = {&c.GetIntEdit (),       &c.GetPosIntEdit (),     &c.GetLengthEdit (),     &c.GetAreaEdit (),
+                               &c.GetVolumeEdit (),    &c.GetAngleEdit (),      &c.GetPolarAngleEdit (), &c.GetTextEdit (),
+                               &c.GetRealEdit (),      &c.GetPTStiffnessEdit (), &c.GetPRStiffnessEdit (), &c.GetLTStiffnessEdit (),
+                               &c.GetLRStiffnessEdit (), &c.GetSTStiffnessEdit (), &c.GetTRForceEdit (),    &c.GetRRMomentEdit (),
+                               &c.GetPLForceEdit (),   &c.GetPLMomentEdit (),   &c.GetELForceEdit (),    &c.GetELMomentEdit (),
+                               &c.GetSLForceEdit ()};
+    for (Wg::Item* control : order) {
+        if (listBox->IsOnTabItem (*control)) {
+            control->SetFocus ();
+            return;
+        }
+    }
+}
+
+bool AttributeList::IsEditControlFocused () const
+{
+    const Wg::Item* focused = panel.GetFocusedItem ();
+    if (focused == nullptr) return false;
+    OnTabItems& c = *onTabItems;
+    if (focused == &c.GetIntEdit () || focused == &c.GetPosIntEdit () || focused == &c.GetTextEdit ()) return true;
+    for (int i = 0; i < OnTabItems::RealEditCount; ++i)
+        if (focused == c.GetRealEdits ()[i]) return true;
+    return false;
+}
+
+bool AttributeList::IsOnTabControl (const Wg::Item* item) const
+{
+    if (item == nullptr) return false;
+    OnTabItems& c = *onTabItems;
+    const Wg::Item* const others[] = {&c.GetIntEdit (), &c.GetPosIntEdit (), &c.GetPk257 (), &c.GetPk261 (), &c.GetSlider (),
+                                      &c.GetPopupControl (), &c.GetTextEdit (), &c.GetButton (), &c.GetIconButton (),
+                                      &c.GetIconColumnPopup (), &c.GetCheckBox ()};
+    for (const Wg::Item* control : others)
+        if (control == item) return true;
+    for (int i = 0; i < OnTabItems::RealEditCount; ++i)
+        if (item == c.GetRealEdits ()[i]) return true;
+    return false;
+}
+
+bool AttributeList::IsListFocused () const
+{
+    const Wg::Item* focused = panel.GetFocusedItem ();
+    return focused != nullptr && (focused == listBox || IsOnTabControl (focused));
+}
+
+AttributeListItem* AttributeList::GetSelectedItem () const
+{
+    return GetSelectedRowItem ();
+}
+
+std::optional<Wg::Rect> AttributeList::GetSelectedItemRect () const
+{
+    const short row = listBox->GetSelectedItem ();
+    if (row < 1) return std::nullopt;
+    return listBox->GetItemRect (row);
+}
+
+void AttributeList::SelectItem (AttributeListItem* item, bool setFocus)
+{
+    if (item != nullptr) item->Select (setFocus);
+}
+
+void AttributeList::RemoveOnTabItemsFromAllColumns ()
+{
+    const short count = listBox->GetTabFieldCount ();
+    for (short column = 1; column <= count; ++column) listBox->RemoveOnTabItem (column);
+}
+
+void AttributeList::NotifySelectionChanged ()
+{
+    NotifyObservers<AttributeListObserver> ([this] (AttributeListObserver& o) { o.AttributeListSelectionChanged (*this); });
+}
+
+#define TXAL_IS_ON_TAB(Query, Getter) \
+    bool AttributeList::Query () const { return listBox->IsOnTabItem (onTabItems->Getter ()); }
+
+TXAL_IS_ON_TAB (IsIntEditOnTabItemVisible, GetIntEdit)
+TXAL_IS_ON_TAB (IsPosIntEditOnTabItemVisible, GetPosIntEdit)
+TXAL_IS_ON_TAB (IsSliderOnTabItemVisible, GetSlider)
+TXAL_IS_ON_TAB (IsLengthEditOnTabItemVisible, GetLengthEdit)
+TXAL_IS_ON_TAB (IsAreaEditOnTabItemVisible, GetAreaEdit)
+TXAL_IS_ON_TAB (IsVolumeEditOnTabItemVisible, GetVolumeEdit)
+TXAL_IS_ON_TAB (IsAngleEditOnTabItemVisible, GetAngleEdit)
+TXAL_IS_ON_TAB (IsPolarAngleEditOnTabItemVisible, GetPolarAngleEdit)
+TXAL_IS_ON_TAB (IsTextEditOnTabItemVisible, GetTextEdit)
+TXAL_IS_ON_TAB (IsRealEditOnTabItemVisible, GetRealEdit)
+TXAL_IS_ON_TAB (IsPTStiffnessEditOnTabItemVisible, GetPTStiffnessEdit)
+TXAL_IS_ON_TAB (IsPRStiffnessEditOnTabItemVisible, GetPRStiffnessEdit)
+TXAL_IS_ON_TAB (IsLTStiffnessEditOnTabItemVisible, GetLTStiffnessEdit)
+TXAL_IS_ON_TAB (IsLRStiffnessEditOnTabItemVisible, GetLRStiffnessEdit)
+TXAL_IS_ON_TAB (IsSTStiffnessEditOnTabItemVisible, GetSTStiffnessEdit)
+TXAL_IS_ON_TAB (IsTRForceEditOnTabItemVisible, GetTRForceEdit)
+TXAL_IS_ON_TAB (IsRRMomentEditOnTabItemVisible, GetRRMomentEdit)
+TXAL_IS_ON_TAB (IsPLForceEditOnTabItemVisible, GetPLForceEdit)
+TXAL_IS_ON_TAB (IsPLMomentEditOnTabItemVisible, GetPLMomentEdit)
+TXAL_IS_ON_TAB (IsELForceEditOnTabItemVisible, GetELForceEdit)
+TXAL_IS_ON_TAB (IsELMomentEditOnTabItemVisible, GetELMomentEdit)
+TXAL_IS_ON_TAB (IsSLForceEditOnTabItemVisible, GetSLForceEdit)
+
+#undef TXAL_IS_ON_TAB
+
+// --- Panel and list box events ---
+
+void AttributeList::PanelScaleChanged (const Wg::PanelScaleChangeEvent&)
+{
+    RemoveOnTabItemsFromAllColumns ();
+    LayoutTabs ();
+}
+
+void AttributeList::ListBoxSelectionChanged (const Wg::ListBoxSelectionEvent&)
+{
+    SetOnTabItems ();
+    NotifySelectionChanged ();
+}
+
+void AttributeList::ListBoxClicked (const Wg::ListBoxClickEvent& event)
+{
+    AttributeListItem* item = GetSelectedRowItem ();
+    if (item == nullptr) return;
+    item->SetOnTabItems (*onTabItems);
+    item->ItemClicked (event);
+}
+
+void AttributeList::ListBoxDoubleClicked (const Wg::ListBoxDoubleClickEvent& event)
+{
+    AttributeListItem* item = GetSelectedRowItem ();
+    if (item == nullptr) return;
+    DrawSuspension suspension (*this);
+    bool handled = false;
+    item->ItemDoubleClicked (event, &handled);
+}
+
+void AttributeList::ListBoxItemUpdate (const Wg::ListBoxItemUpdateEvent& event)
+{
+    if (AttributeListItem* item = GetItemOfRow (event.GetListItem ())) item->UpdatePreviewItem (event);
+}
+
+void AttributeList::ListBoxTabFieldUpdate (const Wg::ListBoxTabItemUpdateEvent& event)
+{
+    if (AttributeListItem* item = GetItemOfRow (event.GetListItem ())) item->UpdatePreviewTab (event);
+}
+
+void AttributeList::ListBoxOverlayUpdate (const Wg::ListBoxOverlayUpdateEvent& event)
+{
+    if (event.GetSource () != listBox) Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "ev.GetSource () == &mListBox");
+    NotifyObservers<AttributeListObserver> ([this] (AttributeListObserver& o) { o.AttributeListOverlayUpdate (*this); });
+}
+
+void AttributeList::ListBoxHeaderItemResized (const Wg::ListBoxHeaderItemResizeEvent&)
+{
+    CalculateResizeableColumnsRatio ();
+}
+
+void AttributeList::ItemToolTipRequested (const Wg::ItemHelpEvent& event, Kor::UniString* text)
+{
+    if (text == nullptr) return;
+    if (event.GetSource () == listBox) {
+        const short row = event.GetSubItem ();
+        if (row < 1 || row > listBox->GetItemCount ()) return;
+        if (AttributeListItem* item = GetItemOfRow (row)) *text = item->GetToolTip ();
+        return;
+    }
+    if (IsOnTabControl (event.GetSource ())) {
+        if (AttributeListItem* item = GetSelectedRowItem ()) *text = item->GetToolTip ();
+    }
+}
+
+// --- Control events ---
+
+void AttributeList::TextEditChanged (const Wg::TextEditChangeEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.TextEditChanged (event); });
+}
+
+void AttributeList::RealEditChanged (const Wg::RealEditChangeEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.RealEditChanged (event); });
+}
+
+void AttributeList::IntEditChanged (const Wg::IntEditChangeEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.IntEditChanged (event); });
+}
+
+void AttributeList::PosIntEditChanged (const Wg::PosIntEditChangeEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.PosIntEditChanged (event); });
+}
+
+void AttributeList::UserControlChanged (const Wg::UserControlChangeEvent& event)
+{
+    const Wg::UserControl* source = event.GetSource ();
+    OnTabItems& c = *onTabItems;
+    DispatchToSelectedItem ([&] (AttributeListItem& item) {
+        if (source == &c.GetPk257 ()) {
+            item.Pk257Changed (event);
+        } else if (source == &c.GetPk261 ()) {
+            item.Pk261Changed (event);
+        } else if (source == &c.GetPopupControl ()) {
+            item.PkPopupControlChanged (event);
+        } else if (source == &c.GetIconColumnPopup ()) {
+            // The popup was placed by the master when the row is a group's.
+            AttributeListItem* target = &item;
+            if (item.kind == AttributeListItem::Kind::Group) {
+                if (AttributeListSimpleItem* master = static_cast<AttributeListGroupItem&> (item).GetMasterItem ()) target = master;
+            }
+            target->IconColumnPopupChanged ();
+        }
+    });
+}
+
+void AttributeList::UserControlTrackEntered (const Wg::UserControlTrackEvent& event)
+{
+    const Wg::UserControl* source = event.GetSource ();
+    OnTabItems& c = *onTabItems;
+    DispatchToSelectedItem ([&] (AttributeListItem& item) {
+        if (source == &c.GetPk257 ())
+            item.Pk257TrackEntered (event);
+        else if (source == &c.GetPk261 ())
+            item.Pk261TrackEntered (event);
+        else if (source == &c.GetPopupControl ())
+            item.PkPopupControlTrackEntered (event);
+    });
+}
+
+void AttributeList::UserControlTracked (const Wg::UserControlTrackEvent& event)
+{
+    const Wg::UserControl* source = event.GetSource ();
+    OnTabItems& c = *onTabItems;
+    DispatchToSelectedItem ([&] (AttributeListItem& item) {
+        if (source == &c.GetPk257 ())
+            item.Pk257Tracked (event);
+        else if (source == &c.GetPk261 ())
+            item.Pk261Tracked (event);
+        else if (source == &c.GetPopupControl ())
+            item.PkPopupControlTracked (event);
+    });
+}
+
+void AttributeList::UserControlTrackExited (const Wg::UserControlTrackEvent& event)
+{
+    const Wg::UserControl* source = event.GetSource ();
+    OnTabItems& c = *onTabItems;
+    DispatchToSelectedItem ([&] (AttributeListItem& item) {
+        if (source == &c.GetPk257 ())
+            item.Pk257TrackExited (event);
+        else if (source == &c.GetPk261 ())
+            item.Pk261TrackExited (event);
+        else if (source == &c.GetPopupControl ())
+            item.PkPopupControlTrackExited (event);
+    });
+}
+
+void AttributeList::BarControlChanged (const Wg::BarControlChangeEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.SliderChanged (event); });
+}
+
+void AttributeList::BarControlTracked (const Wg::BarControlTrackEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.SliderTracked (event); });
+}
+
+void AttributeList::ButtonClicked (const Wg::ButtonClickEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.ButtonClicked (event); });
+}
+
+void AttributeList::CheckItemChanged (const Wg::CheckItemChangeEvent& event)
+{
+    DispatchToSelectedItem ([&] (AttributeListItem& item) { item.CheckItemChanged (event); });
+}
+
+// --- Keyboard ---
+
+Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Modifier& modifier, Wg::Item**)
+{
+    // Pressing the popup modifier alone is kept from the host while the list has the focus.
+    return IsListFocused () && modifier.GetKey () == PopupModifierKey ? Wg::KeyHandled : Wg::KeyNotHandled;
+}
+
+Wg::KeyResult AttributeList::MoveSelection (short step)
+{
+    const short count = listBox->GetItemCount ();
+    short row = static_cast<short> (listBox->GetSelectedItem () + step);
+    while (row >= 1 && row <= count && !listBox->IsItemEnabled (row)) row = static_cast<short> (row + step);
+    if (row < 1 || row > count || !listBox->IsItemEnabled (row)) return Wg::KeyHandled;
+
+    RemoveOnTabItemsFromAllColumns ();
+    listBox->SelectItem (row);
+    // Keep the new row in view.
+    const short first = listBox->GetScrollPosition ();
+    const short visibleRows = std::max<short> (1, listBox->GetVisibleRowCount ());
+    if (row < first)
+        listBox->SetScrollPosition (row);
+    else if (row >= first + visibleRows)
+        listBox->SetScrollPosition (static_cast<short> (row - visibleRows + 1));
+    if (SetOnTabItems ()) SetFocusToEditControl ();
+    NotifySelectionChanged ();
+    return Wg::KeyHandled;
+}
+
+Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
+{
+    const short row = listBox->GetSelectedItem ();
+    if (!IsListFocused () || row < 1) return Wg::KeyNotHandled;
+    AttributeListItem* rowItem = GetItemOfRow (row);
+    if (rowItem == nullptr) return Wg::KeyNotHandled;
+
+    // On a group's row the master stands in where a value item is meant; the group itself
+    // stays the one that collapses.
+    auto* group = rowItem->kind == AttributeListItem::Kind::Group ? static_cast<AttributeListGroupItem*> (rowItem) : nullptr;
+    AttributeListItem* valueItem = rowItem;
+    if (group != nullptr && group->GetMasterItem () != nullptr) valueItem = group->GetMasterItem ();
+    const bool popupModifier = Wg::Application::GetKeyState (PopupModifierKey, KeyStateDown);
+
+    const int code = key.GetCode ();
+    const bool plain = key.GetCharacter () == 0;
+    if ((code == Wg::Key::Right || code == Wg::Key::Left) && plain) {
+        const bool isSlider = false;   // FIXME: slider rows step their value with the modifier held once slider items exist.
+        if (isSlider) return popupModifier ? Wg::KeyHandled : Wg::KeyNotHandled;
+        if (group != nullptr) {
+            if (code == Wg::Key::Right)
+                group->Expand ();
+            else
+                group->Collapse ();
+        }
+        // Without the modifier an edit keeps the arrow for its caret.
+        if (IsEditControlFocused ()) return popupModifier ? Wg::KeyHandled : Wg::KeyNotHandled;
+        return Wg::KeyHandled;
+    }
+
+    if (code == Wg::Key::NoSpecial && key.GetCharacter () == SpaceCharacter) {
+        if (auto* check = dynamic_cast<AttributeListCheckItem*> (valueItem)) {
+            check->InvertCheckAndNotify ();
+            return Wg::KeyHandled;
+        }
+        return Wg::KeyNotHandled;
+    }
+
+    if (code == Wg::Key::Down && plain) {
+        if (popupModifier) {
+            if (dynamic_cast<AttributeListSelectionItem*> (valueItem) != nullptr) {
+                onTabItems->GetPopupControl ().ShowAndTrackPopup ();
+                return Wg::KeyHandled;
+            }
+        }
+        return MoveSelection (1);
+    }
+    if (code == Wg::Key::Up && plain) return MoveSelection (-1);
+    return Wg::KeyNotHandled;
+}
+
+// --- Guards ---
+
+AttributeList::AttributeListEditFocusGuard::AttributeListEditFocusGuard (AttributeList& list)
+    : list (list), wasFocused (list.IsEditControlFocused ())
+{
+}
+
+AttributeList::AttributeListEditFocusGuard::~AttributeListEditFocusGuard ()
+{
+    if (wasFocused) list.SetFocusToEditControl ();
+}
+
+AttributeListSaveSelectionGuard::AttributeListSaveSelectionGuard (AttributeList& list) : list (list), item (list.GetSelectedItem ())
+{
+    if (item == nullptr) return;
+    hadFocusedEditField = item->HasFocusedEditField ();
+    item->Attach (*this);
+}
+
+AttributeListSaveSelectionGuard::~AttributeListSaveSelectionGuard ()
+{
+    list.SelectItem (item, hadFocusedEditField);
+}
+
+void AttributeListSaveSelectionGuard::SourceDestroyed (Kor::EventSource&)
+{
+    item = nullptr;
+}
+
+}   // namespace TxAL
