@@ -78,6 +78,8 @@ void BM_KeystrokeInTextItem (benchmark::State& state)
     list.FullRefreshList (true);
     TextObserver observer;
     target->Attach (observer);
+    // The edit stands on the row only while the row is in view.
+    target->SetFirstVisible ();
     target->Select (true);
     Wg::TextEdit& edit = list.GetOnTabItems ().GetTextEdit ();
     Bench::UnitTimer timer;

@@ -69,6 +69,16 @@ void ListBox::Impl::PlaceOnTabItems ()
 void ListBox::Impl::RemoveOnTabEntry (std::size_t index, bool hide)
 {
     Item* item = onTabItems[index].item;
+    if (hide && item->IsFocused ()) {
+        // The focus stays with the list box rather than going nowhere; what was typed into the
+        // item is committed on the way.
+        const std::weak_ptr<char> alive = lifeToken;
+        self.SetFocus ();
+        if (alive.expired ()) return;
+        auto it = std::find_if (onTabItems.begin (), onTabItems.end (), [item] (const OnTabEntry& e) { return e.item == item; });
+        if (it == onTabItems.end ()) return;
+        index = static_cast<std::size_t> (it - onTabItems.begin ());
+    }
     onTabItems.erase (onTabItems.begin () + static_cast<std::ptrdiff_t> (index));
     item->Detach (watcher);
     if (hide) item->Hide ();
