@@ -27,7 +27,7 @@ class AttributeListIconButtonItem;
 
 // --- Observers ---
 
-class AttributeListSelectionItemObserver : public AttributeListItemObserver {
+class AttributeListSelectionItemObserver : public virtual AttributeListItemObserver {
 protected:
     friend class AttributeListSelectionItem;
     // The user chose an entry of the popup.
@@ -55,19 +55,19 @@ protected:
     virtual void ValueChanged (const AttributeListRealItem& item);
 };
 
-class AttributeListCheckItemObserver : public AttributeListItemObserver {
+class AttributeListCheckItemObserver : public virtual AttributeListItemObserver {
 protected:
     friend class AttributeListCheckItem;
     virtual void CheckChanged (const AttributeListCheckItem& item);
 };
 
-class AttributeListButtonItemObserver : public AttributeListItemObserver {
+class AttributeListButtonItemObserver : public virtual AttributeListItemObserver {
 protected:
     friend class AttributeListButtonItem;
     virtual void ButtonClicked (const AttributeListButtonItem& item);
 };
 
-class AttributeListIconButtonItemObserver : public AttributeListItemObserver {
+class AttributeListIconButtonItemObserver : public virtual AttributeListItemObserver {
 protected:
     friend class AttributeListIconButtonItem;
     virtual void ButtonClicked (const AttributeListIconButtonItem& item);

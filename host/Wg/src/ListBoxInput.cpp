@@ -6,6 +6,7 @@
 //                                        (on-tab items move to the new row first)
 //     -> Item::SetFocus               unless an on-tab item of this list box has the focus
 //     -> ListBoxClicked
+//     -> Item::SetFocus of the focusable on-tab item over the clicked column, if any
 //   DoubleClick (row, offset)         -> ListBoxDoubleClicked only (the first press came as Click)
 //   UserSelect (row)                  -> focus leaves an on-tab item (committing it), then
 //                                        ListBoxSelectionChanged, when the row changed, then the
@@ -152,6 +153,15 @@ void ListBox::Click (short row, Point mouseOffset)
     if (alive.expired ()) return;
     const ListBoxClickEvent event (this, row, mouseOffset);
     impl->NotifyListBoxObservers ([&] (ListBoxObserver& observer) { observer.ListBoxClicked (event); });
+    if (alive.expired () || impl->selected != row) return;
+    // The click lands on whatever control now stands under the pointer: an edit laid over the
+    // clicked column takes the focus, so that the user can type at once.
+    for (const Impl::OnTabEntry& entry : impl->onTabItems) {
+        const Impl::TabField* field = impl->FindField (entry.column);
+        if (field == nullptr || mouseOffset.x < field->begin || mouseOffset.x >= field->end) continue;
+        if (entry.item->IsFocusable () && entry.item->IsVisible () && entry.item->IsEnabled ()) entry.item->SetFocus ();
+        break;
+    }
 }
 
 void ListBox::DoubleClick (short row, Point mouseOffset)
