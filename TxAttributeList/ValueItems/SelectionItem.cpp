@@ -52,7 +52,12 @@ void AttributeListSelectionItem::InsertEntry (short position, const PopupItem& e
 
 void AttributeListSelectionItem::DeleteLastEntry ()
 {
-    if (!entries.IsEmpty ()) entries.DeleteLast ();
+    if (entries.IsEmpty ()) return;
+    entries.DeleteLast ();
+    // An index past the entries would select whatever entry is added next.
+    const short count = static_cast<short> (entries.GetSize ());
+    if (selectedIndex > count) selectedIndex = -1;
+    if (trackedIndex > count) trackedIndex = -1;
 }
 
 void AttributeListSelectionItem::SetItemStatus (short index, bool enabled)
@@ -135,12 +140,17 @@ void AttributeListSelectionItem::InitializeOnTabItems () const
     AttributeListSimpleItem::InitializeOnTabItems ();
     Wg::ListBox* listBox = GetListBox ();
     OnTabItems* controls = GetOnTabItems ();
-    if (listBox == nullptr || controls == nullptr || !HasValueList ()) return;
+    if (listBox == nullptr || controls == nullptr) return;
+    Pk::PopupControl& popup = controls->GetPopupControl ();
+    if (!HasValueList ()) {
+        // Entries deleted while the row is shown: their popup must not stay to be chosen from.
+        if (listBox->GetOnTabItem (GetCheckColumnIndex ()) == &popup) listBox->RemoveOnTabItem (GetCheckColumnIndex ());
+        return;
+    }
     if (!GetOnTabItemVisibility ()) {
         listBox->RemoveOnTabItem (GetCheckColumnIndex ());
         return;
     }
-    Pk::PopupControl& popup = controls->GetPopupControl ();
     popup.DeleteAllItems ();
     for (const PopupItem& entry : entries) {
         if (entry.IsSeparator ())
@@ -188,9 +198,19 @@ void AttributeListSelectionItem::DrawListItem (short row) const
 
 void AttributeListSelectionItem::PkPopupControlChanged (const Wg::UserControlChangeEvent& event)
 {
-    if (event.GetSource () == nullptr) return;
-    SelectItem (static_cast<short> (event.GetSource ()->GetValue ()));
+    const short chosen = GetChosenEntry (event);
+    if (chosen < 1) return;
+    SelectItem (chosen);
     NotifySelectionChanged ();
+}
+
+short AttributeListSelectionItem::GetChosenEntry (const Wg::UserControlChangeEvent& event) const
+{
+    // The popup control is shared by all rows: a choice among entries this item does not have
+    // (a popup opened on a row without entries still holds another row's) is no choice of it.
+    if (event.GetSource () == nullptr) return 0;
+    const std::int32_t value = event.GetSource ()->GetValue ();
+    return value >= 1 && value <= static_cast<std::int32_t> (entries.GetSize ()) ? static_cast<short> (value) : 0;
 }
 
 void AttributeListSelectionItem::PkPopupControlTrackEntered (const Wg::UserControlTrackEvent&)

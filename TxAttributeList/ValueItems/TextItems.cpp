@@ -57,8 +57,14 @@ void AttributeListTextItem::ShowOnTabItem () const
 {
     Wg::ListBox* listBox = GetListBox ();
     OnTabItems* controls = GetOnTabItems ();
-    if (!editable || listBox == nullptr || controls == nullptr) return;
-    PlaceTextEdit (*listBox, *controls, GetAttributeNameColumnIndex (), GetTextEndPosition (), text, GetLastSelection ());
+    if (listBox == nullptr || controls == nullptr) return;
+    const short column = GetAttributeNameColumnIndex ();
+    if (!editable) {
+        // Made read-only while its row is shown: the edit goes, so that nobody types on.
+        if (listBox->GetOnTabItem (column) == &controls->GetTextEdit ()) listBox->RemoveOnTabItem (column);
+        return;
+    }
+    PlaceTextEdit (*listBox, *controls, column, GetTextEndPosition (), text, GetLastSelection ());
 }
 
 short AttributeListTextItem::GetTextEndPosition () const
@@ -220,8 +226,9 @@ void AttributeListTextItem::PkPopupControlChanged (const Wg::UserControlChangeEv
         AttributeListSelectionItem::PkPopupControlChanged (event);
         return;
     }
-    if (event.GetSource () == nullptr) return;
-    SelectItem (static_cast<short> (event.GetSource ()->GetValue ()));
+    const short chosen = GetChosenEntry (event);
+    if (chosen < 1) return;
+    SelectItem (chosen);
     const short count = static_cast<short> (GetEntries ().GetSize ());
     if (!customText.IsEmpty () && GetSelected () == count)
         SetText (customText, false);

@@ -122,6 +122,7 @@ protected:
     bool  IsValidEntry (short index) const { return index >= 1 && index <= static_cast<short> (entries.GetSize ()); }
     // Inserts at a 1-based position (count + 1 appends), refreshing the row (not forced).
     void  InsertEntry (short position, const PopupItem& entry);
+    // Removes the last entry; a selection that pointed at it is cleared.
     void  DeleteLastEntry ();
     // Whether x (list-box pixels) opens the popup: the right half of the preview column or the
     // check column, both ends included.
@@ -131,6 +132,8 @@ protected:
     // The row height left for a control inside the row.
     short GetControlRowHeight () const;
     void  NotifySelectionChanged ();
+    // The entry chosen in the popup control, 0 when the value names no entry of this item.
+    short GetChosenEntry (const Wg::UserControlChangeEvent& event) const;
 
 private:
     short                 selectedIndex = -1;

@@ -32,6 +32,9 @@ struct ListBox::Impl {
         bool              ownerDrawn = false;
         bool              hasBackground = false;
 
+        // A negative style (a caller restoring a style it never saved) paints plain, not as a
+        // set of every style bit.
+        int         GetPaintedFontStyle () const { return fontStyle < 0 ? Gfx::PlainFont : fontStyle; }
         const Cell* FindCell (short column) const;
         Cell*       FindCell (short column);
         bool        HasContent (short column) const

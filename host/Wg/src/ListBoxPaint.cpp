@@ -30,7 +30,7 @@ void ListBox::Impl::DrawCellContent (const Row& row, short column, const Rect& c
     const Icon icon = content->GetIcon ();
     const bool hasIcon = !icon.IsEmpty ();
     const bool hasText = !content->text.IsEmpty ();
-    const int textWidth = hasText ? Gfx::MeasureText (content->text, row.fontStyle).width : 0;
+    const int textWidth = hasText ? Gfx::MeasureText (content->text, row.GetPaintedFontStyle ()).width : 0;
     const int blockWidth = (hasIcon ? IconSize : 0) + (hasIcon && hasText ? IconTextGap : 0) + textWidth;
 
     // The icon and the text form one block, placed by the field's justification; a block that
@@ -58,7 +58,7 @@ void ListBox::Impl::DrawCellContent (const Row& row, short column, const Rect& c
         Gfx::TextStyle style;
         style.color = greyed ? GreyedTextColor : TextColor;
         style.greyed = greyed;
-        style.fontStyle = row.fontStyle;
+        style.fontStyle = row.GetPaintedFontStyle ();
         style.align = align;
         style.truncateEnd = (field.truncation & (EndTruncation | MiddleTruncation)) != 0;
         context.DrawText (content->text, Rect (x, cell.top, x + std::min (textWidth, available), cell.bottom), style);

@@ -168,6 +168,7 @@ public:
     void  EnableItem (short row) { SetItemStatus (row, Normal); }
     void  DisableItem (short row) { SetItemStatus (row, Grayed); }
     bool  IsItemEnabled (short row) const { return GetItemStatus (row) != Grayed; }
+    // Kept as given; a negative style is painted plain.
     void  SetItemFontStyle (short row, int style);
     int   GetItemFontStyle (short row) const;
     void  SetItemOwnerDrawnFlag (short row, bool ownerDrawn);
