@@ -30,17 +30,6 @@ constexpr int PopupModifierKey = 2;
 constexpr int KeyStateDown = 1;
 constexpr char16_t SpaceCharacter = 32;
 
-// Watches an item for its destruction while an event is being handled.
-class ItemLifeGuard : public AttributeListItemObserver {
-public:
-    explicit ItemLifeGuard (AttributeListItem& item) { item.Attach (*this); }
-    void SourceDestroyed (Kor::EventSource&) override { alive = false; }
-    bool IsAlive () const { return alive; }
-
-private:
-    bool alive = true;
-};
-
 }   // namespace
 
 template <typename Fn>
@@ -49,7 +38,7 @@ void AttributeList::DispatchToSelectedItem (Fn&& fn)
     AttributeListItem* item = GetSelectedRowItem ();
     if (item == nullptr) return;
     DrawSuspension suspension (*this);
-    ItemLifeGuard guard (*item);
+    AttributeListItemLifeGuard guard (*item);
     fn (*item);
     // An observer may have deleted the item, or the rows may have moved under it.
     if (!guard.IsAlive ()) return;
@@ -413,11 +402,12 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     }
 
     if (code == Wg::Key::Down && plain) {
-        if (popupModifier) {
-            if (dynamic_cast<AttributeListSelectionItem*> (valueItem) != nullptr) {
-                onTabItems->GetPopupControl ().ShowAndTrackPopup ();
-                return Wg::KeyHandled;
-            }
+        if (popupModifier && dynamic_cast<AttributeListSelectionItem*> (valueItem) != nullptr) {
+            // Only the popup that the row placed is its popup: a row without entries has none,
+            // and the control may still hold another row's entries.
+            Pk::PopupControl& popup = onTabItems->GetPopupControl ();
+            if (listBox->IsOnTabItem (popup)) popup.ShowAndTrackPopup ();
+            return Wg::KeyHandled;
         }
         return MoveSelection (1);
     }

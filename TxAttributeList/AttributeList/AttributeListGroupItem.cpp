@@ -87,8 +87,21 @@ void AttributeListGroupItem::ClearMasterItem ()
     if (masterItem == nullptr || clearingMaster) return;
     // Deleting the master runs its destructor, which comes back here through DeleteItem.
     clearingMaster = true;
-    if (IsVisible ()) masterItem->ClearListItem (GetRow ());
-    if (masterItem->masterOwnedByGroup) delete masterItem;
+    AttributeListSimpleItem* master = masterItem;
+    if (IsVisible ()) master->ClearListItem (GetRow ());
+    if (master->masterOwnedByGroup) {
+        delete master;
+    } else if (master->GetGroup () == this) {
+        // A master that lives on leaves the group, and the list the group gave it, so that its
+        // destructor never reaches back into either once they are gone. One that is also a
+        // top-level item of the list keeps its own row.
+        AttributeList* list = GetAttributeList ();
+        if (list == nullptr || !list->GetItems ().Contains (master)) {
+            master->DetachListItemFromList ();
+            master->AssignToList (nullptr);
+        }
+        master->SetGroup (nullptr);
+    }
     masterItem = nullptr;
     clearingMaster = false;
 }
@@ -264,7 +277,10 @@ void AttributeListGroupItem::InitializeOnTabItems () const
 
 void AttributeListGroupItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
+    // An observer of the icon-column click may delete the group.
+    AttributeListItemLifeGuard guard (*this);
     AttributeListItem::ItemClicked (event);
+    if (!guard.IsAlive ()) return;
     if (IsInTriangleColumn (event.GetMouseOffset ().x)) {
         HandleClick ();
         return;
@@ -278,10 +294,12 @@ void AttributeListGroupItem::ItemDoubleClicked (const Wg::ListBoxDoubleClickEven
     // notification is not sent for groups; the asymmetry with the single click is intended.
     if (IsInTriangleColumn (event.GetMouseOffset ().x)) return;
     if (masterItem != nullptr) {
+        // The master's observers may delete the group.
+        AttributeListItemLifeGuard guard (*this);
         bool masterHandled = false;
         masterItem->ItemDoubleClicked (event, &masterHandled);
         if (handled != nullptr && masterHandled) *handled = true;
-        if (masterHandled) return;
+        if (masterHandled || !guard.IsAlive ()) return;
     }
     HandleClick ();
 }

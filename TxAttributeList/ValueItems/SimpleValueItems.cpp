@@ -91,14 +91,17 @@ void AttributeListCheckItem::DrawListItem (short row) const
 
 void AttributeListCheckItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
+    // An observer of the icon-column click may delete the item.
+    AttributeListItemLifeGuard guard (*this);
     AttributeListSimpleItem::ItemClicked (event);
-    if (IsInBox (event.GetMouseOffset ().x)) InvertCheckAndNotify ();
+    if (guard.IsAlive () && IsInBox (event.GetMouseOffset ().x)) InvertCheckAndNotify ();
 }
 
 void AttributeListCheckItem::ItemDoubleClicked (const Wg::ListBoxDoubleClickEvent& event, bool* handled)
 {
+    AttributeListItemLifeGuard guard (*this);
     AttributeListSimpleItem::ItemDoubleClicked (event, handled);
-    if (!IsInBox (event.GetMouseOffset ().x)) return;
+    if (!guard.IsAlive () || !IsInBox (event.GetMouseOffset ().x)) return;
     InvertCheckAndNotify ();
     if (handled != nullptr) *handled = true;
 }

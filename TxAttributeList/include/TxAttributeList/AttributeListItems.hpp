@@ -229,6 +229,21 @@ private:
     Kind                          kind = Kind::Other;
 };
 
+// Tells whether an item outlived a call that notifies its observers: an observer may delete
+// the item it hears from, and the caller must not touch the item after that.
+class AttributeListItemLifeGuard : public AttributeListItemObserver {
+public:
+    explicit AttributeListItemLifeGuard (AttributeListItem& item) { item.Attach (*this); }
+    AttributeListItemLifeGuard (const AttributeListItemLifeGuard&) = delete;
+    AttributeListItemLifeGuard& operator= (const AttributeListItemLifeGuard&) = delete;
+
+    bool IsAlive () const { return alive; }
+    void SourceDestroyed (Kor::EventSource&) override { alive = false; }
+
+private:
+    bool alive = true;
+};
+
 class AttributeListSimpleItem : public AttributeListItem {
 public:
     AttributeListSimpleItem (const Kor::UniString& name, const Wg::Icon& icon, bool status, bool boldText);

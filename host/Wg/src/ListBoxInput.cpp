@@ -82,7 +82,13 @@ void ListBox::Impl::RemoveOnTabEntry (std::size_t index, bool hide)
     }
     onTabItems.erase (onTabItems.begin () + static_cast<std::ptrdiff_t> (index));
     item->Detach (watcher);
-    if (hide) item->Hide ();
+    if (!hide) return;
+    // The commit's observers may have given the focus back to the item (a list refreshing the
+    // committed row): hiding it then must not leave the panel without a focused item.
+    const bool refocused = item->IsFocused ();
+    const std::weak_ptr<char> alive = lifeToken;
+    item->Hide ();
+    if (refocused && !alive.expired () && self.GetPanel ().GetFocusedItem () == nullptr) self.SetFocus ();
 }
 
 void ListBox::Impl::ForgetOnTabItem (const Kor::EventSource& source)

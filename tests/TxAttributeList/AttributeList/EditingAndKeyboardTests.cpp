@@ -1,0 +1,316 @@
+// In-place controls, commits on a change of row, the keyboard, and the focus and selection guards.
+
+#include <gtest/gtest.h>
+
+#include "AttributeListTestSupport.hpp"
+#include "Wg/ModalRunner.hpp"
+
+namespace {
+
+using namespace TxALTest;
+using Params = AttributeList::OptionalParameters;
+
+const Wg::Icon NoIcon;
+
+// What stands over the row once it is clicked on its label: "4:LengthEdit".
+std::string ControlsOfRow (ListHarness& h, short row)
+{
+    h.ClickColumn (row, h.list->GetAttributeTypeColumnIndex ());
+    std::string controls = h.Controls ();
+    const std::string prefix = "sel=" + std::to_string (row);
+    if (controls.rfind (prefix, 0) != 0) return "not selected: " + controls;
+    controls = controls.substr (prefix.size ());
+    const std::size_t focus = controls.find (" focus=");
+    const std::string stray = controls.find ("stray") != std::string::npos ? " (stray)" : "";
+    controls = controls.substr (0, focus);
+    if (!controls.empty ()) controls.erase (0, 1);
+    return controls + stray;
+}
+
+TEST (InPlaceControlTest, EachKindOfRowGetsItsControlOverItsColumn)
+{
+    ListHarness h;
+    AttributeList& list = *h.list;
+    list.CreateLengthItem ("Len", NoIcon, 0, 10, 1, true, true, false);
+    list.CreateIntItem ("Int", NoIcon, 0, 10, 1, true, true, false);
+    list.CreateTextItem ("Text", NoIcon, "t", false, true, false, true, false);
+    auto* selection = list.CreateSelectionItem ("Sel", NoIcon, true, false);
+    TxAL::AttributeListItem::PopupItem entry;
+    entry.SetText ("Brick");
+    selection->AddItem (entry);
+    list.CreateCheckItem ("Check", NoIcon, true, "", true, false);
+    list.CreateButtonItem ("Button", NoIcon, "Edit...", true, false);
+    list.CreateIconButtonItem ("IconButton", NoIcon, "x", "", NoIcon, true, false);
+    CountedItem popup ("Popup");
+    popup.SetIconColumnPopupItems ({entry, entry});
+    list.AddListItem (popup);
+    AttributeListGroupItem* group = list.CreateGroup ("G", NoIcon, true, true);
+    group->CreateLengthItem (true, "M", NoIcon, 0, 10, 2, true, true, false);
+
+    std::string out;
+    for (short row = 1; row <= h.ListBox ().GetItemCount (); ++row) out += std::to_string (row) + "=" + ControlsOfRow (h, row) + " ";
+    EXPECT_EQ (out, "1=4:LengthEdit 2=4:IntEdit 3=4:TextEdit 4=6:Popup 5= 6=4:Button 7=6:IconButton 8=2:IconPopup 9=4:LengthEdit ");
+
+    list.SetEditableColumnNum (AttributeList::NameColumn);
+    EXPECT_EQ (ControlsOfRow (h, 8), "2:IconPopup 3:TextEdit");
+    EXPECT_EQ (list.GetOnTabItems ().GetTextEdit ().GetText ().ToUtf8 (), "Popup");
+    list.ClearList (true);
+}
+
+TEST (InPlaceControlTest, TheIconColumnPopupChoosesTheItemsEntry)
+{
+    ListHarness h;
+    CountedItem item ("A");
+    TxAL::AttributeListItem::PopupItem first, second;
+    first.SetText ("Plan");
+    second.SetText ("Section");
+    item.SetIconColumnPopupItems ({first, second});
+    h.list->AddListItem (item);
+    h.list->FullRefreshList (true);
+    CallLog log;
+    log.Watch (item);
+    Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
+    runner.ClearScript ();
+    runner.QueueChoose (2);
+    h.list->GetOnTabItems ().GetIconColumnPopup ().UserPress ();
+    EXPECT_EQ (log.Take (), "IconColumnPopupChanged(A)");
+    EXPECT_EQ (item.GetSelectedIconColumnPopupItemIndex (), 1u);
+    EXPECT_EQ (runner.GetPendingStepCount (), 0u);
+}
+
+class CommitTest : public ::testing::Test {
+protected:
+    // Two lengths and a check item; edits send their change only when the user commits.
+    CommitTest () : h (Params ().SetEditControlAutoUpdate (false))
+    {
+        a = h.list->CreateLengthItem ("A", NoIcon, 0, 10, 1, true, true, false);
+        b = h.list->CreateLengthItem ("B", NoIcon, 0, 10, 2, true, true, false);
+        h.list->CreateCheckItem ("C", NoIcon, false, "", true, false);
+        log.Watch (*a);
+        log.Watch (*b);
+    }
+
+    Wg::RealEdit& LengthEdit () { return h.list->GetOnTabItems ().GetLengthEdit (); }
+
+    ListHarness                    h;
+    TxAL::AttributeListLengthItem* a;
+    TxAL::AttributeListLengthItem* b;
+    CallLog                        log;
+};
+
+TEST_F (CommitTest, ClickingAnotherRowCommitsWhatWasTyped)
+{
+    h.ClickColumn (1, 4);
+    ASSERT_EQ (h.Controls (), "sel=1 4:LengthEdit focus=LengthEdit");
+    LengthEdit ().UserType ("3");
+    h.ClickColumn (3, 3);
+    EXPECT_EQ (log.Take (), "ValueChanged(A)");
+    EXPECT_EQ (h.Rows (), "1:A|3.000 m 2:B|2.000 m 3:C|[ ]");
+    EXPECT_EQ (h.Controls (), "sel=3 focus=ListBox");
+
+    h.ClickColumn (1, 4);
+    LengthEdit ().UserType ("4");
+    h.ClickColumn (2, 4);   // the same edit serves the new row
+    EXPECT_EQ (log.Take (), "ValueChanged(A)");
+    EXPECT_EQ (h.Rows (), "1:A|4.000 m 2:B|2.000 m 3:C|[ ]");
+    EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
+    EXPECT_EQ (LengthEdit ().GetValue (), 2.0);
+}
+
+TEST_F (CommitTest, ArrowKeysCommitWhatWasTypedAndKeepTheKeyboardInTheList)
+{
+    h.ClickColumn (1, 4);
+    LengthEdit ().UserType ("5");
+    EXPECT_TRUE (h.Key (Wg::Key::Down));
+    EXPECT_EQ (log.Take (), "ValueChanged(A)");
+    EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
+    LengthEdit ().UserType ("6");
+    EXPECT_TRUE (h.Key (Wg::Key::Down));   // onto a row without an edit
+    EXPECT_EQ (log.Take (), "ValueChanged(B)");
+    EXPECT_EQ (h.Rows (), "1:A|5.000 m 2:B|6.000 m 3:C|[ ]");
+    EXPECT_EQ (h.Controls (), "sel=3 focus=ListBox");
+    EXPECT_TRUE (h.Key (Wg::Key::Up));
+    EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
+}
+
+// --- Keyboard ---
+
+class KeyboardTest : public ::testing::Test {
+protected:
+    // 1 A  2 B (disabled)  3 group G  4 length L  5 check K  6 selection S  7 Z (disabled)
+    KeyboardTest ()
+    {
+        h.list->AddListItem (a);
+        h.list->AddListItem (b);
+        group = h.list->CreateGroup ("G", NoIcon, true, true);
+        length = group->CreateLengthItem (false, "L", NoIcon, 0, 10, 1, true, true, false);
+        check = group->CreateCheckItem (false, "K", NoIcon, false, "", true, false);
+        selection = h.list->CreateSelectionItem ("S", NoIcon, true, false);
+        for (const char* text : {"Brick", "Concrete", "Wood"}) {
+            TxAL::AttributeListItem::PopupItem entry;
+            entry.SetText (text);
+            selection->AddItem (entry);
+        }
+        h.list->AddListItem (z);
+        h.list->FullRefreshList (true);
+        log.Watch (*h.list);
+        log.Watch (*check);
+        log.Watch (*selection);
+        h.ClickColumn (1, 3);
+        log.Take ();
+    }
+
+    std::string Selected () { return std::to_string (h.ListBox ().GetSelectedItem ()); }
+
+    ListHarness                       h;
+    CountedItem                       a {"A"}, b {"B", "", false}, z {"Z", "", false};
+    AttributeListGroupItem*           group = nullptr;
+    TxAL::AttributeListLengthItem*    length = nullptr;
+    TxAL::AttributeListCheckItem*     check = nullptr;
+    TxAL::AttributeListSelectionItem* selection = nullptr;
+    CallLog                           log;
+};
+
+TEST_F (KeyboardTest, ArrowsSkipDisabledRowsAndStopAtTheEnds)
+{
+    ASSERT_EQ (h.Rows (), "1:A 2:B~ 3:▾G 4:  L|1.000 m 5:  K|[ ] 6:S 7:Z~");
+    std::string path;
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_TRUE (h.Key (Wg::Key::Down));
+        path += Selected ();
+    }
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_TRUE (h.Key (Wg::Key::Up));
+        path += Selected ();
+    }
+    EXPECT_EQ (path, "34566" "543111");
+    EXPECT_EQ (log.Take (), "Selection Selection Selection Selection Selection Selection Selection Selection");
+}
+
+TEST_F (KeyboardTest, LeftAndRightFoldOnlyGroupRows)
+{
+    h.ClickColumn (4, 3);
+    EXPECT_TRUE (h.Key (Wg::Key::Left));   // a value row inside the group: nothing folds
+    EXPECT_TRUE (group->IsExpanded ());
+    h.ClickColumn (3, 3);
+    EXPECT_TRUE (h.Key (Wg::Key::Left));
+    EXPECT_EQ (h.Rows (), "1:A 2:B~ 3:▸G 4:S 5:Z~");
+    EXPECT_TRUE (h.Key (Wg::Key::Right));
+    EXPECT_EQ (h.Rows (), "1:A 2:B~ 3:▾G 4:  L|1.000 m 5:  K|[ ] 6:S 7:Z~");
+}
+
+TEST_F (KeyboardTest, WithAnEditFocusedSideArrowsGoToTheEditUnlessThePopupModifierIsHeld)
+{
+    auto* text = h.list->CreateTextItem ("T", NoIcon, "", false, true, false, true, false);
+    ASSERT_EQ (text->GetName ().ToUtf8 (), "T");
+    h.ClickColumn (8, 4);
+    Wg::TextEdit& edit = h.list->GetOnTabItems ().GetTextEdit ();
+    ASSERT_EQ (h.Controls (), "sel=8 4:TextEdit focus=TextEdit");
+    edit.UserType ("abc");
+    h.Key (Wg::Key::Left);
+    EXPECT_EQ (edit.GetSelection ().GetEnd (), 2);   // the caret moved
+    EXPECT_TRUE (h.Key (Wg::Key::Left, Wg::Key::PopupFlag));
+    EXPECT_EQ (edit.GetSelection ().GetEnd (), 2);   // the list kept the arrow
+}
+
+TEST_F (KeyboardTest, SpaceTogglesACheckRowOnly)
+{
+    EXPECT_FALSE (h.Char (u' '));
+    h.ClickColumn (5, 3);
+    EXPECT_TRUE (h.Char (u' '));
+    EXPECT_EQ (log.Take (), "Selection CheckChanged(K)");
+    EXPECT_EQ (h.Rows (), "1:A 2:B~ 3:▾G 4:  L|1.000 m 5:  K|[x] 6:S 7:Z~");
+}
+
+TEST_F (KeyboardTest, PopupModifierAndDownOpensTheSelectionPopup)
+{
+    Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
+    runner.ClearScript ();
+    const int runs = runner.GetRunCount ();
+    h.ClickColumn (6, 3);
+    log.Take ();
+    runner.QueueTrack (2);
+    runner.QueueChoose (3);
+    EXPECT_TRUE (h.Key (Wg::Key::Down, Wg::Key::PopupFlag));
+    EXPECT_EQ (runner.GetRunCount (), runs + 1);
+    EXPECT_EQ (log.Take (), "SelectionChanged(S)");
+    EXPECT_EQ (Selected (), "6");
+    EXPECT_EQ (h.Rows (), "1:A 2:B~ 3:▾G 4:  L|1.000 m 5:  K|[ ] 6:S|Wood 7:Z~");
+
+    h.ClickColumn (5, 3);   // on a row of another kind it is a plain Down
+    EXPECT_TRUE (h.Key (Wg::Key::Down, Wg::Key::PopupFlag));
+    EXPECT_EQ (Selected (), "6");
+    // A length is a selection item too, but without entries it has no popup; the popup control
+    // still holds the selection row's entries and must not open for it.
+    h.ClickColumn (4, 3);
+    EXPECT_TRUE (h.Key (Wg::Key::Down, Wg::Key::PopupFlag));
+    EXPECT_EQ (Selected (), "4");
+    EXPECT_EQ (runner.GetRunCount (), runs + 1);
+}
+
+TEST_F (KeyboardTest, ThePopupModifierAloneIsKeptFromTheHostWhileTheListHasTheFocus)
+{
+    EXPECT_TRUE (h.panel.ModifierPress (Wg::Key::Modifier (Wg::Key::PopupModifier)));
+    EXPECT_FALSE (h.panel.ModifierPress (Wg::Key::Modifier (Wg::Key::Shift)));
+    h.ClickColumn (4, 4);
+    EXPECT_TRUE (h.panel.ModifierPress (Wg::Key::Modifier (Wg::Key::PopupModifier)));
+    h.panel.SetFocusedItem (nullptr);
+    EXPECT_FALSE (h.panel.ModifierPress (Wg::Key::Modifier (Wg::Key::PopupModifier)));
+    EXPECT_FALSE (h.Key (Wg::Key::Down));   // keys too are the list's only while it has the focus
+}
+
+// --- Guards ---
+
+class GuardTest : public ::testing::Test {
+protected:
+    GuardTest ()
+    {
+        for (const char* name : {"A", "B", "C"}) items.push_back (h.list->CreateLengthItem (name, NoIcon, 0, 10, 1, true, true, false));
+    }
+
+    ListHarness                                 h;
+    std::vector<TxAL::AttributeListLengthItem*> items;
+};
+
+TEST_F (GuardTest, TheEditFocusGuardReturnsTheFocusOnlyIfAnEditHadIt)
+{
+    h.ClickColumn (2, 4);
+    {
+        AttributeList::AttributeListEditFocusGuard guard (*h.list);
+        h.list->FullRefreshList (true);
+        EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=ListBox");
+    }
+    EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
+
+    h.ClickColumn (3, 3);
+    h.ListBox ().SetFocus ();
+    {
+        AttributeList::AttributeListEditFocusGuard guard (*h.list);
+        h.list->FullRefreshList (true);
+    }
+    EXPECT_EQ (h.Controls (), "sel=3 4:LengthEdit focus=ListBox");
+}
+
+TEST_F (GuardTest, TheSaveSelectionGuardFindsItsItemWhereverItsRowIsNow)
+{
+    h.ClickColumn (3, 4);
+    {
+        TxAL::AttributeListSaveSelectionGuard guard (*h.list);
+        for (auto* item : items) h.list->DeleteListItem (item, false);
+        for (int i : {1, 2, 0}) h.list->AddListItem (items[i]);
+        h.list->FullRefreshList (true);
+        EXPECT_EQ (h.Controls (), "sel=1 4:LengthEdit focus=ListBox");
+    }
+    EXPECT_EQ (h.Rows (), "1:B|1.000 m 2:C|1.000 m 3:A|1.000 m");
+    EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
+
+    {
+        TxAL::AttributeListSaveSelectionGuard guard (*h.list);
+        h.list->RemoveListItem (items[2]);   // the remembered item goes: the guard selects nothing
+        h.ClickColumn (2, 3);
+    }
+    EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=ListBox");
+    EXPECT_EQ (h.list->GetSelectedItem (), items[0]);
+}
+
+}   // namespace

@@ -1,0 +1,372 @@
+// Column layout, refresh of single rows, clicks on the icon and triangle columns, tool tips and
+// the automated-testing text access.
+
+#include <gtest/gtest.h>
+
+#include "AttributeListTestSupport.hpp"
+#include "Kor/Assert.hpp"
+#include "RecordingPeer.hpp"
+
+namespace {
+
+using namespace TxALTest;
+using Params = AttributeList::OptionalParameters;
+
+const Wg::Icon NoIcon;
+// Frame on both sides and the vertical scroll bar: a list box this much wider has rows of the
+// width asked for.
+constexpr short FrameAndScrollBar = 2 * Wg::ListBox::FrameWidth + Wg::ListBox::ScrollBarWidth;
+
+Params WithHeader ()
+{
+    return Params ().SetHeaderString1 ("Attribute").SetHeaderString2 ("Value");
+}
+
+std::string LayoutAt (const Params& params, short rowsWidth)
+{
+    ListHarness h (params, static_cast<short> (rowsWidth + FrameAndScrollBar));
+    return DumpColumns (h.ListBox ());
+}
+
+// --- Layout ---
+
+TEST (LayoutTest, WithoutHeaderTheLabelTakesOnlyAThirdOfTheWidthBeyondTheBase)
+{
+    // 287 + 20 + 120 is the base width: the ratio 0.64 holds exactly there.
+    EXPECT_EQ (LayoutAt (Params (), 427), "1:0-20 2:20-60 3:60-203 4:203-307 5:307-407 6:407-427");
+    // 100 more: the label grows by 30, the value by 70.
+    EXPECT_EQ (LayoutAt (Params (), 527), "1:0-20 2:20-60 3:60-233 4:233-407 5:407-507 6:507-527");
+    // 100 less: the bent ratio would leave the value 34 wide; the label pays the 6 missing.
+    EXPECT_EQ (LayoutAt (Params (), 327), "1:0-20 2:20-60 3:60-167 4:167-207 5:207-307 6:307-327");
+    EXPECT_EQ (LayoutAt (Params (), 30000), "1:0-20 2:20-60 3:60-9075 4:9075-29880 5:29880-29980 6:29980-30000");
+}
+
+TEST (LayoutTest, AHeaderOrKeepingTheRatioSharesByTheRatioAtEveryWidth)
+{
+    EXPECT_EQ (LayoutAt (WithHeader (), 527), "1:0-20 2:20-60 3:60-267 4:267-407 5:407-507 6:507-527");
+    EXPECT_EQ (LayoutAt (Params ().SetKeepResizableColumnsRatio (true), 527), "1:0-20 2:20-60 3:60-267 4:267-407 5:407-507 6:507-527");
+    // Header type 2 without titles is no header at all.
+    EXPECT_EQ (LayoutAt (Params ().SetHeaderType (AttributeList::OwnHeader), 527), LayoutAt (Params (), 527));
+    // Without group and icon columns both have zero width and the label starts at 0.
+    EXPECT_EQ (LayoutAt (WithHeader ().SetHasGroupColumn (false).SetHasIconColumn (false), 427),
+               "1:0-0 2:0-0 3:0-196 4:196-307 5:307-407 6:407-427");
+}
+
+TEST (LayoutTest, AVeryNarrowListKeepsTheValueMinimumAndLetsTheLabelGoNegative)
+{
+    EXPECT_EQ (LayoutAt (Params (), 260), "1:0-20 2:20-60 3:60-100 4:100-140 5:140-240 6:240-260");
+    EXPECT_EQ (LayoutAt (Params (), 200), "1:0-20 2:20-60 3:60-40 4:40-80 5:80-180 6:180-200");
+    EXPECT_EQ (LayoutAt (WithHeader (), 200), "1:0-20 2:20-60 3:60-40 4:40-80 5:80-180 6:180-200");
+}
+
+TEST (LayoutTest, AnOwnHeaderGetsTheSizesOfItsThreeItems)
+{
+    ListHarness h (WithHeader ().SetHeaderType (AttributeList::OwnHeader), 527 + FrameAndScrollBar);
+    const Wg::ListBox& listBox = h.ListBox ();
+    EXPECT_FALSE (listBox.GetHeaderSynchronState ());
+    EXPECT_EQ (std::to_string (listBox.GetHeaderItemSize (1)) + " " + std::to_string (listBox.GetHeaderItemSize (2)) + " " +
+                   std::to_string (listBox.GetHeaderItemSize (3)),
+               "60 207 260");
+    EXPECT_EQ (listBox.GetHeaderItemText (2).ToUtf8 () + "/" + listBox.GetHeaderItemText (3).ToUtf8 (), "Attribute/Value");
+    EXPECT_EQ (listBox.GetHeaderItemMinSize (3), 160);
+}
+
+TEST (LayoutTest, DraggingTheHeaderStoresTheRatioOfLabelAndValue)
+{
+    // 306 wide: label 66, value 60. The label dragged to 100 gives (40 + 100) / (40 + 100 + 60).
+    ListHarness synchronized (WithHeader (), 306 + FrameAndScrollBar);
+    ASSERT_EQ (DumpColumns (synchronized.ListBox (), {3, 4}), "3:60-126 4:126-186");
+    synchronized.ListBox ().UserResizeHeaderItem (3, 100);
+    EXPECT_DOUBLE_EQ (synchronized.list->GetResizeableColumnsRatio (), 0.7);
+    EXPECT_EQ (DumpColumns (synchronized.ListBox ()), "1:0-20 2:20-60 3:60-136 4:136-186 5:186-286 6:286-306");
+
+    // An own header: the third item spans value, preview and check (180 = 60 + 120).
+    ListHarness own (WithHeader ().SetHeaderType (AttributeList::OwnHeader), 306 + FrameAndScrollBar);
+    ASSERT_EQ (own.ListBox ().GetHeaderItemSize (3), 180);
+    own.ListBox ().UserResizeHeaderItem (2, 100);
+    EXPECT_DOUBLE_EQ (own.list->GetResizeableColumnsRatio (), 0.7);
+    EXPECT_EQ (own.ListBox ().GetHeaderItemSize (2), 76);
+}
+
+// Checks at every change of the list box that the columns stay inside its rows.
+class ColumnsInsidePeer : public Wg::ItemPeer {
+public:
+    explicit ColumnsInsidePeer (Wg::ListBox& listBox) : listBox (listBox) { listBox.SetPeer (this); }
+    ~ColumnsInsidePeer () override { listBox.SetPeer (nullptr); }
+    void Changed (Wg::Item&, Wg::Aspect aspect, int) override
+    {
+        if (aspect != Wg::Aspect::Rect && aspect != Wg::Aspect::Layout) return;
+        const short end = listBox.GetTabFieldEndPosition (listBox.GetTabFieldCount ());
+        if (end > listBox.GetItemWidth ()) outside += std::to_string (end) + ">" + std::to_string (listBox.GetItemWidth ()) + " ";
+        sequence += aspect == Wg::Aspect::Rect ? "R" : "L";
+    }
+    void ItemDestroyed (Wg::Item&) override {}
+
+    Wg::ListBox& listBox;
+    std::string  outside;
+    std::string  sequence;
+};
+
+TEST (LayoutTest, ShrinkingLaysOutBeforeTheBoxShrinksAndGrowingAfter)
+{
+    ListHarness       h;
+    ColumnsInsidePeer peer (h.ListBox ());
+    h.list->Resize (-100, 0);
+    EXPECT_EQ (peer.sequence.front (), 'L');
+    h.list->Resize (150, 10);
+    EXPECT_EQ (peer.sequence.back (), 'L');
+    h.list->SetRect (Wg::Rect::FromSize (0, 0, 300, 100));
+    h.list->SetRect (Wg::Rect::FromSize (0, 0, 600, 100));
+    EXPECT_EQ (peer.outside, "");
+    EXPECT_EQ (h.ListBox ().GetTabFieldEndPosition (6), 600 - FrameAndScrollBar);
+}
+
+TEST (LayoutTest, ARescaledPanelPlacesTheControlsOfTheRowAgain)
+{
+    ListHarness h;
+    h.list->CreateLengthItem ("Height", NoIcon, 0, 10, 2.5, true, true, false);
+    h.ClickColumn (1, 3);
+    ASSERT_EQ (h.Controls (), "sel=1 4:LengthEdit focus=ListBox");
+    h.panel.SetScale (2.0);
+    EXPECT_EQ (h.Controls (), "sel=1 4:LengthEdit focus=ListBox");
+    EXPECT_EQ (h.list->GetOnTabItems ().GetLengthEdit ().GetRect ().left,
+               h.ListBox ().GetRowsRect ().left + h.ListBox ().GetTabFieldBeginPosition (4) + Wg::ListBox::OnTabItemInset);
+}
+
+// --- Refresh of one row ---
+
+class RowsTest : public ::testing::Test {
+protected:
+    void SetUp () override
+    {
+        h.list->AddListItem (a);
+        length = h.list->CreateLengthItem ("Len", NoIcon, 0, 10, 1, true, true, false);
+        group = h.list->CreateGroup ("G", NoIcon, true, true);
+        master = group->CreateLengthItem (true, "M", NoIcon, 0, 10, 2, true, true, false);
+        group->AddItem (child);
+        peer.AttachTo (h.ListBox ());
+        peer.TakeLog ();
+    }
+
+    ListHarness                    h;
+    CountedItem                    a {"A", "1"};
+    CountedItem                    child {"Child"};
+    TxAL::AttributeListLengthItem* length = nullptr;
+    TxAL::AttributeListLengthItem* master = nullptr;
+    AttributeListGroupItem*        group = nullptr;
+    TestSupport::RecordingPeer     peer;
+};
+
+TEST_F (RowsTest, ARefreshRedrawsOnlyTheItemsOwnRow)
+{
+    EXPECT_EQ (h.Rows (), "1:A|1 2:Len|1.000 m 3:▾G|2.000 m 4:  Child");
+    a.SetName ("A2");
+    EXPECT_EQ (peer.TakeLog (), "Row:1 Row:1");
+    a.SetName ("A2");
+    a.SetStatus (false);
+    EXPECT_EQ (peer.TakeLog (), "Row:1 Row:1");
+    master->SetValue (5);   // the master is drawn on its group's row
+    EXPECT_EQ (peer.TakeLog (), "Row:3 Row:3");
+    EXPECT_EQ (h.Rows (), "1:A2|1~ 2:Len|1.000 m 3:▾G|5.000 m 4:  Child");
+}
+
+TEST_F (RowsTest, NoRefreshDuringABatchOnAHiddenItemOrOnAHiddenList)
+{
+    h.list->DisableUpdate ();
+    a.SetName ("Batch");
+    EXPECT_EQ (peer.TakeLog (), "");
+    h.list->EnableUpdate ();
+    EXPECT_EQ (h.Rows (), "1:A|1 2:Len|1.000 m 3:▾G|2.000 m 4:  Child");
+    child.SetVisibility (false);
+    peer.TakeLog ();
+    child.SetName ("Hidden");
+    EXPECT_EQ (peer.TakeLog (), "");
+    h.list->Hide ();
+    peer.TakeLog ();
+    length->SetValue (7);
+    EXPECT_EQ (peer.TakeLog (), "");
+    EXPECT_EQ (h.Rows (), "1:Batch|1 2:Len|1.000 m 3:G|2.000 m");
+}
+
+TEST_F (RowsTest, RefreshingTheSelectedRowMovesTheFocusIntoItsEdit)
+{
+    h.ClickColumn (2, 3);
+    ASSERT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=ListBox");
+    length->SetValue (3);
+    EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
+    EXPECT_EQ (h.list->GetOnTabItems ().GetLengthEdit ().GetValue (), 3.0);
+}
+
+TEST_F (RowsTest, ClearListWithoutRefreshLeavesRowsWithoutItems)
+{
+    h.list->ClearList (false);
+    EXPECT_EQ (h.Rows (), "1:? 2:? 3:? 4:?");
+    EXPECT_FALSE (a.InList ());
+    h.list->FullRefreshList (true);
+    EXPECT_EQ (h.Rows (), "");
+}
+
+// --- Clicks on the icon and triangle columns ---
+
+TEST (ClickTest, TheIconColumnCountsBothEndsAndNeverWhenItHasNoWidth)
+{
+    ListHarness h;
+    CountedItem item ("A");
+    h.list->AddListItem (item);
+    h.list->FullRefreshList (true);
+    CallLog log;
+    log.Watch (item);
+    for (int x : {19, 20, 60, 61}) h.Click (1, x);
+    for (int x : {20, 61}) h.DoubleClick (1, x);
+    EXPECT_EQ (log.Take (), "IconColumnClicked(A) IconColumnClicked(A) IconColumnDoubleClicked(A)");
+
+    ListHarness noIcon (Params ().SetHasIconColumn (false));
+    CountedItem other ("B");
+    noIcon.list->AddListItem (other);
+    noIcon.list->FullRefreshList (true);
+    log.Watch (other);
+    noIcon.Click (1, 20);
+    noIcon.DoubleClick (1, 20);
+    EXPECT_EQ (log.Take (), "");
+}
+
+TEST (ClickTest, TheTriangleTogglesOnceAndTheDoubleClickElsewhereTogglesAgain)
+{
+    ListHarness h;
+    TestGroup   group ("G");
+    CountedItem child ("C");
+    group.AddItem (child);
+    h.list->AddListItem (group);
+    h.list->FullRefreshList (true);
+    CallLog log;
+    log.Watch (group);
+
+    h.Click (1, 0);   // the begin of the triangle column counts
+    h.DoubleClick (1, 0);
+    EXPECT_EQ (h.Rows (), "1:▸G");
+    h.DoubleClick (1, 100);
+    EXPECT_EQ (h.Rows (), "1:▾G 2:  C");
+    h.Click (1, 40);   // the icon column: reported, no toggle
+    h.DoubleClick (1, 40);   // no icon-column report for groups, but a toggle
+    EXPECT_EQ (log.Take (), "IconColumnClicked(G)");
+    EXPECT_EQ (h.Rows (), "1:▸G");
+
+    group.Expand ();
+    group.SetCollapsible (false);
+    h.Click (1, 10);
+    group.Collapse ();
+    h.list->CollapseAllGroups ();
+    EXPECT_EQ (h.Rows (), "1:▾G 2:  C");
+
+    group.SetCollapsible (true);
+    child.SetVisibility (false);   // no visible child: no triangle and no toggle by click
+    h.Click (1, 10);
+    EXPECT_TRUE (group.IsExpanded ());
+    EXPECT_EQ (h.Rows (), "1:G");
+    group.Collapse ();
+    EXPECT_FALSE (group.IsExpanded ());
+}
+
+TEST (ClickTest, AMasterThatHandlesTheDoubleClickKeepsTheGroupAsItIs)
+{
+    ListHarness h;
+    TestGroup   group ("G");
+    CountedItem child ("C");
+    group.AddItem (child);
+    h.list->AddListItem (group);
+    auto* check = group.CreateCheckItem (true, "Check", NoIcon, false, "", true, false);
+    CallLog log;
+    log.Watch (*check);
+    const int box = h.ListBox ().GetTabFieldBeginPosition (h.list->GetPreviewColumnIndex ()) + 2;
+    h.DoubleClick (1, box);
+    EXPECT_EQ (log.Take (), "CheckChanged(Check)");
+    EXPECT_EQ (h.Rows (), "1:▾G|[x] 2:  C");
+
+    ListHarness noTriangle (Params ().SetHasGroupColumn (false));
+    TestGroup   flat ("F");
+    CountedItem flatChild ("C");
+    flat.AddItem (flatChild);
+    noTriangle.list->AddListItem (flat);
+    noTriangle.list->FullRefreshList (true);
+    noTriangle.Click (1, 0);
+    EXPECT_TRUE (flat.IsExpanded ());
+}
+
+// --- Tool tips and automated-testing texts ---
+
+TEST (ToolTipTest, NewestObserverFirstFirstAnswerWinsElseTheDefault)
+{
+    ListHarness h;
+    CountedItem item ("A");
+    TestGroup   group ("G");
+    CountedItem master ("M");
+    group.AddMasterItem (master);
+    h.list->AddListItem (item);
+    h.list->AddListItem (group);
+    h.list->CreateLengthItem ("Len", NoIcon, 0, 10, 1, true, true, false)->SetDefaultToolTip ("length tip");
+    h.list->FullRefreshList (true);
+    std::string sink;
+    CallLog     older ("old", &sink), newer ("new", &sink);
+    older.Watch (item);
+    newer.Watch (item);
+    older.toolTips["A"] = "from old";
+    newer.toolTips["A"] = "from new";
+    Wg::ListBox& listBox = h.ListBox ();
+
+    EXPECT_EQ (listBox.RequestToolTip (1).ToUtf8 (), "from new");
+    newer.toolTips.clear ();
+    EXPECT_EQ (listBox.RequestToolTip (1).ToUtf8 (), "from old");
+    older.toolTips.clear ();
+    item.SetDefaultToolTip ("default");
+    EXPECT_EQ (listBox.RequestToolTip (1).ToUtf8 (), "default");
+    EXPECT_EQ (sink, "new:ToolTip(A) new:ToolTip(A) old:ToolTip(A) new:ToolTip(A) old:ToolTip(A)");
+
+    master.SetDefaultToolTip ("master tip");
+    EXPECT_EQ (listBox.RequestToolTip (2).ToUtf8 (), "master tip");
+    EXPECT_EQ (listBox.RequestToolTip (0).ToUtf8 (), "");
+    EXPECT_EQ (listBox.RequestToolTip (4).ToUtf8 (), "");
+    // An in-place control asks for the selected row's tool tip.
+    h.ClickColumn (3, 4);
+    EXPECT_EQ (h.list->GetOnTabItems ().GetLengthEdit ().RequestToolTip ().ToUtf8 (), "length tip");
+}
+
+TEST (AutomatedTestingTest, CellTextsAreFoundByPanelAndListBoxId)
+{
+    ListHarness h;
+    AttributeListGroupItem* group = h.list->CreateGroup ("Walls", NoIcon, true, true);
+    group->CreateTextItem (true, "Name", NoIcon, "North wall", false, true, false, true, false);
+    h.list->CreateTaggedTextItem ("Fire", NoIcon, "EI 60", false, true, false, true, false, "min");
+    const short panelId = h.panel.GetId ();
+    const short listBoxId = h.list->GetListBoxId ();
+    auto text = [&] (short panel, short listBox, short row, short column) {
+        return AttributeList::GetDrawnTextContentForKorAT (panel, listBox, row, column).ToUtf8 ();
+    };
+    EXPECT_EQ (text (panelId, listBoxId, 1, 3) + "|" + text (panelId, listBoxId, 1, 4), "Walls|North wall");
+    EXPECT_EQ (text (panelId, listBoxId, 2, 4) + "|" + text (panelId, listBoxId, 2, 5), "EI 60|min");
+    EXPECT_EQ (text (panelId, listBoxId, 0, 3) + text (panelId, listBoxId, 3, 3) + text (panelId, 0, 1, 3) +
+                   text (static_cast<short> (panelId + 1), listBoxId, 1, 3),
+               "");
+}
+
+TEST (AutomatedTestingTest, AnOverlayRequestOfAForeignListBoxIsReportedAndStillPassedOn)
+{
+    ListHarness h;
+    CallLog     log;
+    log.Watch (*h.list);
+    Gfx::DrawingContext context;
+    Kor::ScopedAssertCapture capture;
+    h.ListBox ().PaintOverlay (context);
+    EXPECT_EQ (capture.GetCount (), 0u);
+
+    Wg::ListBox foreign (h.panel, Wg::Rect::FromSize (0, 300, 100, 100));
+    foreign.Attach (static_cast<Wg::ListBoxObserver&> (*h.list));
+    foreign.PaintOverlay (context);
+    ASSERT_EQ (capture.GetCount (), 1u);
+    const Kor::AssertReport& report = capture.GetReports ().front ();
+    EXPECT_EQ (report.prefix + " " + report.file + " " + report.condition, "TxAL error AttributeList ev.GetSource () == &mListBox");
+    EXPECT_NE (report.ToString ().find ("TxAL error assertion failed at AttributeList"), std::string::npos);
+    EXPECT_EQ (log.Take (), "Overlay Overlay");
+    foreign.Detach (static_cast<Wg::ListBoxObserver&> (*h.list));
+}
+
+}   // namespace
