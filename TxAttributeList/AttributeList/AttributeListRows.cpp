@@ -8,6 +8,7 @@
 // The master item never has a row of its own: the group's row shows it.
 
 #include <algorithm>
+#include <optional>
 
 #include "AttributeListRegistry.hpp"
 #include "DrawSuspension.hpp"
@@ -204,8 +205,13 @@ void AttributeList::FullRefreshList (bool selectFirst)
 
     const short scrollPosition = listBox->GetScrollPosition ();
     const AttributeListItem* selectedItem = GetSelectedRowItem ();
+    // Deleting the rows commits what the user typed into the selected row first; an observer
+    // of that commit may delete the item.
+    std::optional<AttributeListItemLifeGuard> selectedLife;
+    if (selectedItem != nullptr) selectedLife.emplace (*GetSelectedRowItem ());
     const short oldCount = listBox->GetItemCount ();
     listBox->DeleteAllItems ();
+    if (selectedLife.has_value () && !selectedLife->IsAlive ()) selectedItem = nullptr;
 
     for (AttributeListItem* item : items) {
         if (!item->IsVisible ()) {

@@ -133,6 +133,17 @@ TEST_F (CommitTest, ArrowKeysCommitWhatWasTypedAndKeepTheKeyboardInTheList)
     EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
 }
 
+TEST_F (CommitTest, DestroyingTheListCommitsWhatWasTypedToItsItem)
+{
+    TxAL::AttributeListLengthItem kept ("Kept", NoIcon, 0, 10, 1, true, true, false);
+    h.list->AddListItem (kept);
+    h.list->FullRefreshList (true);
+    h.ClickColumn (4, 4);
+    LengthEdit ().UserType ("7");
+    h.list.reset ();
+    EXPECT_EQ (kept.GetValue (), 7.0);
+}
+
 // --- Keyboard ---
 
 class KeyboardTest : public ::testing::Test {

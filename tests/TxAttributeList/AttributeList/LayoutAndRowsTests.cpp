@@ -59,18 +59,6 @@ TEST (LayoutTest, AVeryNarrowListKeepsTheValueMinimumAndLetsTheLabelGoNegative)
     EXPECT_EQ (LayoutAt (WithHeader (), 200), "1:0-20 2:20-60 3:60-40 4:40-80 5:80-180 6:180-200");
 }
 
-TEST (LayoutTest, AnOwnHeaderGetsTheSizesOfItsThreeItems)
-{
-    ListHarness h (WithHeader ().SetHeaderType (AttributeList::OwnHeader), 527 + FrameAndScrollBar);
-    const Wg::ListBox& listBox = h.ListBox ();
-    EXPECT_FALSE (listBox.GetHeaderSynchronState ());
-    EXPECT_EQ (std::to_string (listBox.GetHeaderItemSize (1)) + " " + std::to_string (listBox.GetHeaderItemSize (2)) + " " +
-                   std::to_string (listBox.GetHeaderItemSize (3)),
-               "60 207 260");
-    EXPECT_EQ (listBox.GetHeaderItemText (2).ToUtf8 () + "/" + listBox.GetHeaderItemText (3).ToUtf8 (), "Attribute/Value");
-    EXPECT_EQ (listBox.GetHeaderItemMinSize (3), 160);
-}
-
 TEST (LayoutTest, DraggingTheHeaderStoresTheRatioOfLabelAndValue)
 {
     // 306 wide: label 66, value 60. The label dragged to 100 gives (40 + 100) / (40 + 100 + 60).
@@ -82,7 +70,13 @@ TEST (LayoutTest, DraggingTheHeaderStoresTheRatioOfLabelAndValue)
 
     // An own header: the third item spans value, preview and check (180 = 60 + 120).
     ListHarness own (WithHeader ().SetHeaderType (AttributeList::OwnHeader), 306 + FrameAndScrollBar);
-    ASSERT_EQ (own.ListBox ().GetHeaderItemSize (3), 180);
+    const Wg::ListBox& header = own.ListBox ();
+    EXPECT_FALSE (header.GetHeaderSynchronState ());
+    EXPECT_EQ (header.GetHeaderItemText (2).ToUtf8 () + "/" + header.GetHeaderItemText (3).ToUtf8 (), "Attribute/Value");
+    EXPECT_EQ (header.GetHeaderItemMinSize (3), 160);
+    ASSERT_EQ (std::to_string (header.GetHeaderItemSize (1)) + " " + std::to_string (header.GetHeaderItemSize (2)) + " " +
+                   std::to_string (header.GetHeaderItemSize (3)),
+               "60 66 180");
     own.ListBox ().UserResizeHeaderItem (2, 100);
     EXPECT_DOUBLE_EQ (own.list->GetResizeableColumnsRatio (), 0.7);
     EXPECT_EQ (own.ListBox ().GetHeaderItemSize (2), 76);
@@ -204,6 +198,29 @@ TEST_F (RowsTest, ClearListWithoutRefreshLeavesRowsWithoutItems)
     EXPECT_FALSE (a.InList ());
     h.list->FullRefreshList (true);
     EXPECT_EQ (h.Rows (), "");
+}
+
+TEST (PaintTest, TheGroupNameIsDrawnUpToTheColumnWhereItsMasterBegins)
+{
+    ListHarness h;
+    TestGroup   plain ("Plain"), withCheck ("Check"), withLength ("Length");
+    for (TestGroup* group : {&plain, &withCheck, &withLength}) h.list->AddListItem (*group);
+    withCheck.CreateCheckItem (true, "c", NoIcon, false, "", true, false);
+    withLength.CreateLengthItem (true, "l", NoIcon, 0, 10, 1, true, true, false);
+    withLength.SetStatus (false);
+    std::string spans;
+    for (short row = 1; row <= 3; ++row) {
+        Gfx::DrawingContext context;
+        h.ListBox ().PaintRow (row, context);
+        for (const Gfx::TextOp& op : context.Get<Gfx::TextOp> ()) {
+            if (op.text != h.list->GetItems ()[row - 1]->GetName ()) continue;
+            spans += op.text.ToUtf8 () + ":" + std::to_string (op.rect.left) + "-" + std::to_string (op.rect.right) +
+                     (op.style.greyed ? "~ " : " ");
+        }
+    }
+    // Text inset 4 from the label column's begin (60); to the end of the preview, the value or
+    // the label column.
+    EXPECT_EQ (spans, "Plain:64-407 Check:64-307 Length:64-203~ ");
 }
 
 // --- Clicks on the icon and triangle columns ---

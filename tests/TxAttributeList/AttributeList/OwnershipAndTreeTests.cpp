@@ -104,6 +104,7 @@ TEST_F (OwnershipTest, DestroyingTheListDeletesWhatItOwnsAndReleasesTheRest)
     EXPECT_EQ (h.Rows (), "1:▾G 2:  Child 3:  Len|1.000 m 4:Caller 5:Own");
     h.ClickColumn (3, 4);
     ASSERT_EQ (h.Controls (), "sel=3 4:LengthEdit focus=LengthEdit");
+    h.ClickColumn (2, 3);   // the caller's child had the row controls last
 
     h.list.reset ();
     EXPECT_EQ (lifetimes.Take (), "~Len ~G");
@@ -244,6 +245,27 @@ TEST_F (ReentrancyTest, AnObserverMayDeleteACheckItemWhenItsCheckChanges)
     h.Click (1, h.ListBox ().GetTabFieldBeginPosition (h.list->GetPreviewColumnIndex ()));
     EXPECT_EQ (log.Take (), "CheckChanged(Check) Destroyed");
     EXPECT_EQ (h.Rows (), "1:Next");
+}
+
+TEST_F (ReentrancyTest, AnObserverMayDeleteTheItemWhoseTypingARebuildCommits)
+{
+    ListHarness manual (AttributeList::OptionalParameters ().SetEditControlAutoUpdate (false));
+    auto* text = manual.list->CreateTextItem ("Text", NoIcon, "old", false, true, false, true, false);
+    CountedItem other ("Other");
+    manual.list->AddListItem (other);
+    manual.list->FullRefreshList (true);
+    CallLog log;
+    log.Watch (*text);
+    log.onCall = [&] (const std::string& call, const AttributeListItem*) {
+        if (call == "TextChanged") manual.list->RemoveListItem (text);
+    };
+    manual.ClickColumn (1, 4);
+    manual.list->GetOnTabItems ().GetTextEdit ().UserSetText ("new");
+    other.SetVisibility (false);   // the rebuild commits the typing first
+    EXPECT_EQ (log.Take (), "TextChanged(Text) Destroyed");
+    EXPECT_EQ (manual.Rows (), "");
+    other.SetVisibility (true);
+    EXPECT_EQ (manual.Rows (), "1:Other");
 }
 
 TEST_F (ReentrancyTest, AListObserverMayClearTheListWhenTheSelectionChanges)
