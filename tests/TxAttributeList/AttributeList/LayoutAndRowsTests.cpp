@@ -191,15 +191,6 @@ TEST_F (RowsTest, RefreshingTheSelectedRowMovesTheFocusIntoItsEdit)
     EXPECT_EQ (h.list->GetOnTabItems ().GetLengthEdit ().GetValue (), 3.0);
 }
 
-TEST_F (RowsTest, ClearListWithoutRefreshLeavesRowsWithoutItems)
-{
-    h.list->ClearList (false);
-    EXPECT_EQ (h.Rows (), "1:? 2:? 3:? 4:?");
-    EXPECT_FALSE (a.InList ());
-    h.list->FullRefreshList (true);
-    EXPECT_EQ (h.Rows (), "");
-}
-
 TEST (PaintTest, TheGroupNameIsDrawnUpToTheColumnWhereItsMasterBegins)
 {
     ListHarness h;

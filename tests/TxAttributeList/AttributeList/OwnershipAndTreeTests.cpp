@@ -188,23 +188,26 @@ TEST_F (ReentrancyTest, AnObserverMayDeleteTheItemWhenItIsRenamed)
     EXPECT_EQ (h.Controls (), "sel=1 3:TextEdit focus=ListBox");
 }
 
-TEST_F (ReentrancyTest, AnObserverDetachedDuringANotificationIsNotCalledAfterwards)
+TEST_F (ReentrancyTest, AnObserverMayDetachTheItemAndAnotherObserverWhileItIsTold)
 {
-    CountedItem item ("A");
-    h.list->AddListItem (item);
+    TestGroup   group ("G");
+    CountedItem child ("C");
+    group.AddItem (child);
+    h.list->AddListItem (group);
     h.list->FullRefreshList (true);
     std::string sink;
     CallLog     older ("old", &sink), newer ("new", &sink);
-    older.Watch (item);
-    newer.Watch (item);
+    older.Watch (group);
+    newer.Watch (group);
     newer.onCall = [&] (const std::string&, const AttributeListItem*) {
-        older.Unwatch (item);
-        newer.Unwatch (item);
+        older.Unwatch (group);
+        h.list->DeleteListItem (&group, false);
     };
-    const int iconX = h.ColumnMiddle (h.list->GetAttributeIconColumnIndex ());
-    h.Click (1, iconX);
-    h.Click (1, iconX);
-    EXPECT_EQ (sink, "new:IconColumnClicked(A)");
+    h.Click (1, h.ColumnMiddle (h.list->GetAttributeIconColumnIndex ()));
+    EXPECT_EQ (sink, "new:IconColumnClicked(G)");
+    EXPECT_EQ (h.Rows (), "");
+    EXPECT_FALSE (child.InList ());
+    EXPECT_EQ (child.GetGroup (), &group);
 }
 
 TEST_F (ReentrancyTest, AnObserverMayDeleteAGroupOrCheckItemFromAnIconColumnClick)
@@ -332,6 +335,34 @@ TEST_F (TreeTest, HiddenItemsMastersAndCollapsedGroupsGetNoRows)
     top.SetVisibility (false);
     EXPECT_EQ (h.Rows (), "1:▾G|m 2:  A 3:  C 4:Last");
     EXPECT_EQ (log.Take (), "Height Height Height Height Height Height");
+}
+
+TEST_F (TreeTest, ReplaceItemKeepsRowAndSelectionAndHandsTheOldItemBack)
+{
+    Build ();
+    auto* own = group.CreateOwned<CountedItem> (false, "Own");
+    h.ClickColumn (4, 3);
+    log.Take ();
+    CountedItem::TakeDestroyed ();
+    CountedItem replacement ("R", "r"), second ("S");
+    group.ReplaceItem (&b, &replacement);
+    group.ReplaceItem (own, &second);
+    EXPECT_EQ (h.Rows (), "1:Top 2:▾G|m 3:  A 4:  R|r 5:  C 6:  S 7:Last");
+    EXPECT_EQ (h.list->GetSelectedItem (), &replacement);
+    EXPECT_EQ (log.Take (), "");   // no rebuild
+    EXPECT_EQ (b.GetGroup (), nullptr);
+    EXPECT_FALSE (b.InList ());
+    EXPECT_EQ (CountedItem::TakeDestroyed (), "");   // even the own-created one is handed back
+    delete own;
+
+    TxAL::AttributeListSeparatorItem separator;
+    group.ReplaceItem (&b, &c);   // b belongs to no group any more
+    group.ReplaceItem (&c, &c);
+    group.ReplaceItem (nullptr, &b);
+    group.AddMasterItem (master);
+    group.AddMasterItem (separator);
+    EXPECT_EQ (group.GetMasterItem (), &master);
+    EXPECT_EQ (h.Rows (), "1:Top 2:▾G|m 3:  A 4:  R|r 5:  C 6:  S 7:Last");
 }
 
 TEST_F (TreeTest, FullRefreshKeepsSelectionAndScrollAndReportsOnlyCountChanges)
