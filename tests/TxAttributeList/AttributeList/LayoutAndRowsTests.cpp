@@ -82,6 +82,22 @@ TEST (LayoutTest, DraggingTheHeaderStoresTheRatioOfLabelAndValue)
     EXPECT_EQ (own.ListBox ().GetHeaderItemSize (2), 76);
 }
 
+TEST (LayoutTest, AListBindsThePanelsListBoxOrReportsAnIdThatNamesNone)
+{
+    Wg::Panel             panel (Wg::Rect (0, 0, 600, 400), ListHarness::NextPanelId ());
+    Wg::SingleSelListBox  existing (panel, Wg::Rect::FromSize (0, 0, 427 + FrameAndScrollBar, 100), 77);
+    AttributeList         bound (panel, 77);
+    EXPECT_EQ (&bound.GetListBox (), &existing);
+    EXPECT_EQ (DumpColumns (existing, {3, 4}), "3:60-203 4:203-307");
+
+    Kor::ScopedAssertCapture capture;
+    AttributeList            unbound (panel, 99);
+    ASSERT_EQ (capture.GetCount (), 1u);
+    EXPECT_EQ (capture.GetReports ().front ().file, "AttributeList");
+    unbound.CreateLengthItem ("Len", NoIcon, 0, 10, 1, true, true, false);   // a list box of its own serves
+    EXPECT_EQ (DumpRows (unbound), "1:Len|1.000 m");
+}
+
 // Checks at every change of the list box that the columns stay inside its rows.
 class ColumnsInsidePeer : public Wg::ItemPeer {
 public:
