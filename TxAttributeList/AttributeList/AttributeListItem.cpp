@@ -15,8 +15,8 @@ constexpr int BoldFontStyle = 16;
 // Codes of the host popup control for the icon-column popup: an icon button, centred.
 constexpr short IconPopupButtonType = 1;
 constexpr short IconPopupTextAlignment = 3;
-// Space between a cell's left edge and its text.
-constexpr int TextPadding = 4;
+// Space between a cell's left edge and its text, as the list box keeps it for plain cells.
+constexpr int TextPadding = 2;
 
 }   // namespace
 

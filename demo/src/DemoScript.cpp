@@ -200,6 +200,7 @@ void DemoScript::Execute (const std::vector<std::string>& words, const std::stri
         need (2);
         if (model.Find (words[1]) == nullptr) throw std::invalid_argument ("no element " + words[1]);
         palette.ShowElement (words[1]);
+        if (element) element (words[1]);
     } else if (command == "click" || command == "double-click") {
         need (2);
         const short row = FindRow (palette, words[1]);

@@ -48,6 +48,9 @@ public:
     void SetScreenshotHandler (ScreenshotHandler handler) { screenshot = std::move (handler); }
     // What switching units does besides the palette (e.g. a menu check mark).
     void SetUnitsHandler (UnitsHandler handler) { units = std::move (handler); }
+    // What showing an element does besides the palette (e.g. the element list's selection).
+    using ElementHandler = std::function<void (const std::string& id)>;
+    void SetElementHandler (ElementHandler handler) { element = std::move (handler); }
 
     // Runs every line; throws ScriptError at the first line that cannot be carried out.
     void Run (const std::string& text, const std::string& fileName);
@@ -60,6 +63,7 @@ private:
     BuildingModel&    model;
     ScreenshotHandler screenshot;
     UnitsHandler      units;
+    ElementHandler    element;
 };
 
 // Every cell of the palette, one row a line: "3 | Height | 2.700 m | | ". Each cell is the

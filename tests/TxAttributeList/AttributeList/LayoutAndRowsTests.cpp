@@ -225,9 +225,9 @@ TEST (PaintTest, TheGroupNameIsDrawnUpToTheColumnWhereItsMasterBegins)
                      (op.style.greyed ? "~ " : " ");
         }
     }
-    // Text inset 4 from the label column's begin (60); to the end of the preview, the value or
-    // the label column.
-    EXPECT_EQ (spans, "Plain:64-407 Check:64-307 Length:64-203~ ");
+    // Text inset 2 from the label column's begin (60), as plain cells; to the end of the
+    // preview, the value or the label column.
+    EXPECT_EQ (spans, "Plain:62-407 Check:62-307 Length:62-203~ ");
 }
 
 // --- Clicks on the icon and triangle columns ---

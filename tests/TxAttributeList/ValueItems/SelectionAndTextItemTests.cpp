@@ -211,7 +211,7 @@ TEST_F (SelectionItemTest, TaggedTextKeepsItsTagVisibleBesideTheEdit)
     Box ().PaintRow (2, row);
     std::string texts;
     for (const Gfx::TextOp& op : row.Get<Gfx::TextOp> ()) texts += op.text.ToUtf8 () + "@" + std::to_string (op.rect.left) + " ";
-    EXPECT_EQ (texts, "Layer@62 Slab@" + std::to_string (Begin (Value ()) + 4) + " ID-7@" + std::to_string (Begin (Preview ()) + 4) + " ");
+    EXPECT_EQ (texts, "Layer@62 Slab@" + std::to_string (Begin (Value ()) + 2) + " ID-7@" + std::to_string (Begin (Preview ()) + 2) + " ");
 
     Wg::TextEdit& edit = Controls ().GetTextEdit ();
     Click (1, Begin (Value ()) + 5);

@@ -1,0 +1,91 @@
+#include "MainWindow.hpp"
+
+#include <QActionGroup>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QSplitter>
+
+#include "DemoScript.hpp"
+#include "TxalQt/Backend.hpp"
+#include "TxalQt/PanelView.hpp"
+
+namespace Demo {
+
+namespace {
+
+constexpr int PaletteWidth = 460;
+constexpr int PaletteHeight = 620;
+constexpr int ElementListWidth = 230;
+constexpr short PalettePanelId = 1;
+
+}   // namespace
+
+MainWindow::MainWindow (BuildingModel& model)
+    : model (model), panel (Wg::Rect (0, 0, PaletteWidth, PaletteHeight), PalettePanelId, Kor::UniString ("Settings"))
+{
+    setWindowTitle ("TxAttributeList demo: element settings");
+    palette = std::make_unique<SettingsPalette> (panel, model);
+
+    auto* splitter = new QSplitter (this);
+    elements = new QListWidget (splitter);
+    for (const Element& element : model.GetElements ()) {
+        const QString name = QString::fromStdString (element.Get ("name").value_or (""));
+        auto* row = new QListWidgetItem (QString::fromStdString (element.GetId () + "   ") + name, elements);
+        row->setData (Qt::UserRole, QString::fromStdString (element.GetId ()));
+        row->setToolTip (QString::fromStdString (element.GetKind ()));
+    }
+    TxalQt::PanelView* view = TxalQt::Backend::AttachPanel (panel, splitter);
+    view->setMinimumWidth (360);
+    splitter->addWidget (elements);
+    splitter->addWidget (view);
+    splitter->setSizes ({ElementListWidth, PaletteWidth});
+    splitter->setStretchFactor (1, 1);
+    setCentralWidget (splitter);
+    resize (ElementListWidth + PaletteWidth + 8, PaletteHeight + 24);
+
+    QMenu* unitsMenu = menuBar ()->addMenu ("&Units");
+    auto* group = new QActionGroup (this);
+    metricAction = unitsMenu->addAction ("&Metric (m, m², m³)");
+    imperialAction = unitsMenu->addAction ("&Imperial (ft-in, ft², ft³)");
+    for (QAction* action : {metricAction, imperialAction}) {
+        action->setCheckable (true);
+        group->addAction (action);
+    }
+    metricAction->setChecked (true);
+    connect (metricAction, &QAction::triggered, this, [this] { ChooseUnits (true); });
+    connect (imperialAction, &QAction::triggered, this, [this] { ChooseUnits (false); });
+
+    connect (elements, &QListWidget::currentItemChanged, this, [this] (QListWidgetItem* current) {
+        if (current != nullptr) palette->ShowElement (current->data (Qt::UserRole).toString ().toStdString ());
+    });
+    if (elements->count () > 0) elements->setCurrentRow (0);
+}
+
+MainWindow::~MainWindow ()
+{
+    // The palette's list and controls go before the panel and its view.
+    palette.reset ();
+}
+
+void MainWindow::ShowElement (const std::string& id)
+{
+    for (int i = 0; i < elements->count (); ++i) {
+        if (elements->item (i)->data (Qt::UserRole).toString ().toStdString () == id) {
+            const QSignalBlocker blocker (elements);
+            elements->setCurrentRow (i);
+        }
+    }
+    if (palette->GetElementId () != id) palette->ShowElement (id);
+}
+
+void MainWindow::ShowUnits (bool metric)
+{
+    (metric ? metricAction : imperialAction)->setChecked (true);
+}
+
+void MainWindow::ChooseUnits (bool metric)
+{
+    SetMetricUnits (*palette, metric);
+}
+
+}   // namespace Demo

@@ -1,0 +1,41 @@
+#pragma once
+// The demo's window: the elements of the building on the left, the settings palette of the
+// chosen element on the right, and a menu that switches the working units.
+
+#include <QMainWindow>
+#include <memory>
+
+#include "BuildingModel.hpp"
+#include "SettingsPalette.hpp"
+#include "Wg/Panel.hpp"
+
+class QAction;
+class QListWidget;
+
+namespace Demo {
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MainWindow (BuildingModel& model);
+    ~MainWindow () override;
+
+    SettingsPalette& GetPalette () { return *palette; }
+    // Shows the element in the list and the palette.
+    void ShowElement (const std::string& id);
+    // Checks the menu entry of the units (the palette follows by itself).
+    void ShowUnits (bool metric);
+
+private:
+    void ChooseUnits (bool metric);
+
+    BuildingModel&                   model;
+    Wg::Panel                        panel;
+    std::unique_ptr<SettingsPalette> palette;
+    QListWidget*                     elements = nullptr;
+    QAction*                         metricAction = nullptr;
+    QAction*                         imperialAction = nullptr;
+};
+
+}   // namespace Demo

@@ -1,0 +1,154 @@
+// txal-demo: a settings palette for a small sample building.
+//
+//   txal-demo                          a window (needs a display)
+//   txal-demo --screenshot DIR         renders the pages to DIR/*.png offscreen (100 % and 200 %)
+//   txal-demo --script FILE            replays a script of user input first (see DemoScript.hpp);
+//                                      its "screenshot NAME" lines write DIR/NAME.png
+//   txal-demo --dump                   prints every cell of the palette after the script
+//   txal-demo --dump-model             prints the building model after the script
+//   txal-demo --model FILE             reads another building model
+//   txal-demo --scale 2                renders at 200 % (used for the second set of screenshots)
+//
+// Exit codes: 0 fine, 1 bad arguments or files, 2 a script line failed.
+
+#include <QApplication>
+#include <QDir>
+#include <QProcess>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "BuildingModel.hpp"
+#include "DemoScript.hpp"
+#include "MainWindow.hpp"
+#include "TxalQt/Backend.hpp"
+
+namespace {
+
+struct Options {
+    std::string screenshotDir;
+    std::string script;
+    std::string modelFile;
+    std::string suffix;
+    std::string scale;
+    bool        dump = false;
+    bool        dumpModel = false;
+};
+
+// The pages that screenshots show: one element of each kind, then a wall in imperial units.
+const char* const PageElements[] = {"W-01", "D-01", "N-03", "Z-01"};
+
+bool ParseArguments (int argc, char** argv, Options& options)
+{
+    const std::vector<std::string> args (argv + 1, argv + argc);
+    for (std::size_t i = 0; i < args.size (); ++i) {
+        const std::string& arg = args[i];
+        const auto value = [&] (std::string& target) {
+            if (i + 1 >= args.size ()) return false;
+            target = args[++i];
+            return true;
+        };
+        bool ok = true;
+        if (arg == "--screenshot")
+            ok = value (options.screenshotDir);
+        else if (arg == "--script")
+            ok = value (options.script);
+        else if (arg == "--model")
+            ok = value (options.modelFile);
+        else if (arg == "--suffix")
+            ok = value (options.suffix);
+        else if (arg == "--scale")
+            ok = value (options.scale);
+        else if (arg == "--dump")
+            options.dump = true;
+        else if (arg == "--dump-model")
+            options.dumpModel = true;
+        else
+            ok = false;
+        if (!ok) {
+            std::fprintf (stderr, "txal-demo: bad argument \"%s\"\n", arg.c_str ());
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Headless (const Options& options)
+{
+    const bool noDisplay = std::getenv ("DISPLAY") == nullptr && std::getenv ("WAYLAND_DISPLAY") == nullptr;
+    return !options.screenshotDir.empty () || options.dump || options.dumpModel || (!options.script.empty () && noDisplay) || noDisplay;
+}
+
+}   // namespace
+
+int main (int argc, char** argv)
+{
+    Options options;
+    if (!ParseArguments (argc, argv, options)) return 1;
+    if (Headless (options)) qputenv ("QT_QPA_PLATFORM", "offscreen");
+    if (!options.scale.empty ()) qputenv ("QT_SCALE_FACTOR", QByteArray::fromStdString (options.scale));
+
+    QApplication application (argc, argv);
+    TxalQt::Backend::ApplyTheme (application);
+
+    Demo::BuildingModel model;
+    try {
+        model = options.modelFile.empty () ? Demo::BuildingModel::LoadBuiltIn () : Demo::BuildingModel::Load (options.modelFile);
+    } catch (const Demo::ModelError& e) {
+        std::fprintf (stderr, "txal-demo: %s\n", e.what ());
+        return 1;
+    }
+
+    Demo::MainWindow window (model);
+    window.show ();
+    application.processEvents ();
+
+    const QString screenshotDir = QString::fromStdString (options.screenshotDir.empty () ? std::string (".") : options.screenshotDir);
+    QDir ().mkpath (screenshotDir);
+    const auto screenshot = [&] (const std::string& name) {
+        application.processEvents ();
+        const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
+        if (!TxalQt::Backend::SaveScreenshot (window, file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());
+    };
+
+    if (!options.script.empty ()) {
+        Demo::DemoScript script (window.GetPalette (), model);
+        script.SetScreenshotHandler (screenshot);
+        script.SetUnitsHandler ([&window] (bool metric) { window.ShowUnits (metric); });
+        script.SetElementHandler ([&window] (const std::string& id) { window.ShowElement (id); });
+        try {
+            script.RunFile (options.script);
+        } catch (const Demo::ScriptError& e) {
+            std::fprintf (stderr, "txal-demo: %s\n", e.what ());
+            return 2;
+        }
+        application.processEvents ();
+    }
+    if (options.dump) std::fputs (Demo::DumpPalette (window.GetPalette ()).c_str (), stdout);
+    if (options.dumpModel) std::fputs (model.Dump ().c_str (), stdout);
+
+    if (!options.screenshotDir.empty ()) {
+        if (options.script.empty ()) {
+            for (const char* id : PageElements) {
+                window.ShowElement (id);
+                screenshot (std::string ("palette-") + id);
+            }
+            window.ShowElement ("W-01");
+            Demo::SetMetricUnits (window.GetPalette (), false);
+            window.ShowUnits (false);
+            screenshot ("palette-W-01-imperial");
+        }
+        // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
+        if (options.scale.empty ()) {
+            QStringList arguments = QApplication::arguments ().mid (1);
+            arguments << "--scale" << "2" << "--suffix" << "@2x";
+            arguments.removeAll ("--dump");
+            arguments.removeAll ("--dump-model");
+            QProcess::execute (QApplication::applicationFilePath (), arguments);
+        }
+        return 0;
+    }
+    if (Headless (options)) return 0;
+    return application.exec ();
+}
