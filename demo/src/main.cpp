@@ -36,8 +36,12 @@ struct Options {
     bool        dumpModel = false;
 };
 
-// The pages that screenshots show: one element of each kind, then a wall in imperial units.
-const char* const PageElements[] = {"W-01", "D-01", "N-03", "Z-01"};
+// The pages that screenshots show: one element of each kind with a row being edited, then a
+// wall in imperial units.
+const struct {
+    const char* element;
+    const char* row;
+} Pages[] = {{"W-01", "Height"}, {"D-01", "\"Opening type\""}, {"N-03", "Name"}, {"Z-01", "Occupancy"}};
 
 bool ParseArguments (int argc, char** argv, Options& options)
 {
@@ -130,13 +134,14 @@ int main (int argc, char** argv)
 
     if (!options.screenshotDir.empty ()) {
         if (options.script.empty ()) {
-            for (const char* id : PageElements) {
-                window.ShowElement (id);
-                screenshot (std::string ("palette-") + id);
+            Demo::DemoScript pages (window.GetPalette (), model);
+            pages.SetElementHandler ([&window] (const std::string& id) { window.ShowElement (id); });
+            pages.SetUnitsHandler ([&window] (bool metric) { window.ShowUnits (metric); });
+            for (const auto& page : Pages) {
+                pages.Run (std::string ("element ") + page.element + "\nclick " + page.row + "\n", "pages");
+                screenshot (std::string ("palette-") + page.element);
             }
-            window.ShowElement ("W-01");
-            Demo::SetMetricUnits (window.GetPalette (), false);
-            window.ShowUnits (false);
+            pages.Run ("element W-01\nunits imperial\nclick Thickness\n", "pages");
             screenshot ("palette-W-01-imperial");
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).

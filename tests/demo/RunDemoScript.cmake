@@ -1,0 +1,17 @@
+# Runs the demo offscreen with a script and, when EXPECTED is given, compares its dump with it.
+# Usage: cmake -DDEMO=... -DSCRIPT=... [-DEXPECTED=...] -P RunDemoScript.cmake
+set(ENV{QT_QPA_PLATFORM} offscreen)
+set(args --script "${SCRIPT}")
+if(EXPECTED)
+  list(APPEND args --dump)
+endif()
+execute_process(COMMAND "${DEMO}" ${args} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "txal-demo failed (${result}):\n${errors}")
+endif()
+if(EXPECTED)
+  file(READ "${EXPECTED}" expected)
+  if(NOT output STREQUAL expected)
+    message(FATAL_ERROR "The palette's dump differs from ${EXPECTED}:\n--- got ---\n${output}")
+  endif()
+endif()
