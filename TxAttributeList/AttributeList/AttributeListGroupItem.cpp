@@ -89,6 +89,9 @@ void AttributeListGroupItem::ClearMasterItem ()
     clearingMaster = true;
     AttributeListSimpleItem* master = masterItem;
     if (IsVisible ()) master->ClearListItem (GetRow ());
+    // The master's controls stood on the group's row; none may stay there without it.
+    if (AttributeList* list = GetAttributeList (); list != nullptr && GetRow () > 0 && list->GetListBox ().GetSelectedItem () == GetRow ())
+        list->GetListBox ().RemoveAllOnTabItems ();
     if (master->masterOwnedByGroup) {
         delete master;
     } else if (master->GetGroup () == this) {

@@ -169,7 +169,10 @@ void AttributeListSelectionItem::InitializeOnTabItems () const
 
 void AttributeListSelectionItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
+    // An observer of the icon-column click may delete the item.
+    AttributeListItemLifeGuard guard (*this);
     AttributeListSimpleItem::ItemClicked (event);
+    if (!guard.IsAlive ()) return;
     OnTabItems* controls = GetOnTabItems ();
     if (controls == nullptr || GetAttributeList () == nullptr) return;
     if (IsInPopupArea (event.GetMouseOffset ().x) && HasValueList ()) controls->GetPopupControl ().ShowAndTrackPopup ();
@@ -177,8 +180,9 @@ void AttributeListSelectionItem::ItemClicked (const Wg::ListBoxClickEvent& event
 
 void AttributeListSelectionItem::ItemDoubleClicked (const Wg::ListBoxDoubleClickEvent& event, bool* handled)
 {
+    AttributeListItemLifeGuard guard (*this);
     AttributeListSimpleItem::ItemDoubleClicked (event, handled);
-    if (handled == nullptr) return;
+    if (!guard.IsAlive () || handled == nullptr) return;
     const int x = event.GetMouseOffset ().x;
     if (IsInRightHalfOfPreview (x)) *handled = true;
     // The check column counts only when the flag is set already; a double click there alone

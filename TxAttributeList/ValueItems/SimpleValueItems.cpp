@@ -260,7 +260,9 @@ void AttributeListIconButtonItem::InitializeOnTabItems () const
 
 void AttributeListIconButtonItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
+    AttributeListItemLifeGuard guard (*this);
     AttributeListSimpleItem::ItemClicked (event);
+    if (!guard.IsAlive ()) return;
     const Wg::ListBox* listBox = GetListBox ();
     if (!buttonIconAlwaysActive || listBox == nullptr) return;
     const short column = GetCheckColumnIndex ();
