@@ -139,30 +139,26 @@ void AttributeListItem::InitializeOnTabItems () const
 void AttributeListItem::IntEditChanged (const Wg::IntEditChangeEvent&) {}
 void AttributeListItem::PosIntEditChanged (const Wg::PosIntEditChangeEvent&) {}
 
-void AttributeListItem::ItemClicked (const Wg::ListBoxClickEvent& event)
+bool AttributeListItem::IsInIconColumn (int x) const
 {
-    if (list == nullptr) return;
     const short iconColumn = GetAttributeIconColumnIndex ();
-    if (iconColumn <= 0) return;
+    if (list == nullptr || iconColumn <= 0) return false;
     const Wg::ListBox& listBox = list->GetListBox ();
     const int begin = listBox.GetTabFieldBeginPosition (iconColumn);
     const int end = listBox.GetTabFieldEndPosition (iconColumn);
-    const int x = event.GetMouseOffset ().x;
     // Both ends count as inside; a column of no width never does.
-    if (begin != end && begin <= x && x <= end)
+    return begin != end && begin <= x && x <= end;
+}
+
+void AttributeListItem::ItemClicked (const Wg::ListBoxClickEvent& event)
+{
+    if (IsInIconColumn (event.GetMouseOffset ().x))
         NotifyObservers<AttributeListItemObserver> ([this] (AttributeListItemObserver& o) { o.IconColumnClicked (*this); });
 }
 
 void AttributeListItem::ItemDoubleClicked (const Wg::ListBoxDoubleClickEvent& event, bool*)
 {
-    if (list == nullptr) return;
-    const short iconColumn = GetAttributeIconColumnIndex ();
-    if (iconColumn <= 0) return;
-    const Wg::ListBox& listBox = list->GetListBox ();
-    const int begin = listBox.GetTabFieldBeginPosition (iconColumn);
-    const int end = listBox.GetTabFieldEndPosition (iconColumn);
-    const int x = event.GetMouseOffset ().x;
-    if (begin != end && begin <= x && x <= end)
+    if (IsInIconColumn (event.GetMouseOffset ().x))
         NotifyObservers<AttributeListItemObserver> ([this] (AttributeListItemObserver& o) { o.IconColumnDoubleClicked (*this); });
 }
 

@@ -208,6 +208,8 @@ private:
     friend class AttributeListGroupItem;
     friend class AttributeListSimpleItem;
 
+    bool IsInIconColumn (int x) const;
+
     AttributeList*                list = nullptr;
     bool                          status;
     bool                          visible = true;
