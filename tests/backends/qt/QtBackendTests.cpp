@@ -1,0 +1,415 @@
+// The Qt backend against the headless model: Qt input must reach the model's entry points, and
+// model changes must reach the widgets. Runs on Qt's offscreen platform.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTimer>
+#include <QToolTip>
+#include <QToolButton>
+#include <memory>
+#include <string>
+
+#include "ListBoxView.hpp"
+#include "Pk/PopupControl.hpp"
+#include "TxalQt/Backend.hpp"
+#include "TxalQt/PanelView.hpp"
+#include "Wg/Controls.hpp"
+#include "Wg/NumberEdit.hpp"
+#include "Wg/ListBox.hpp"
+#include "Wg/Panel.hpp"
+#include "Wg/TextEdit.hpp"
+
+namespace {
+
+class QtEnvironment : public ::testing::Environment {
+public:
+    void SetUp () override
+    {
+        if (qEnvironmentVariableIsEmpty ("QT_QPA_PLATFORM")) qputenv ("QT_QPA_PLATFORM", "offscreen");
+        application = std::make_unique<QApplication> (argc, argv);
+    }
+    void TearDown () override { application.reset (); }
+
+private:
+    int                           argc = 1;
+    char                          name[16] = "TxalQtTests";
+    char*                         argv[2] = {name, nullptr};
+    std::unique_ptr<QApplication> application;
+};
+
+const auto* const environment = ::testing::AddGlobalTestEnvironment (new QtEnvironment);
+
+void SendKey (QWidget& target, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent press (QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent (&target, &press);
+}
+
+void SendMouse (QWidget& target, QEvent::Type type, const QPoint& position)
+{
+    QMouseEvent event (type, QPointF (position), QPointF (target.mapToGlobal (position)), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent (&target, &event);
+}
+
+void ReleaseDeferred ()
+{
+    QCoreApplication::sendPostedEvents (nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents ();
+}
+
+// Writes what the model's observers hear into one line.
+class Recorder : public Wg::ListBoxObserver, public Wg::TextEditObserver, public Wg::BarControlObserver,
+                 public Wg::CheckItemObserver, public Wg::UserControlObserver, public Wg::KeyboardHandler {
+public:
+    std::string log;
+
+    std::string Take ()
+    {
+        std::string result = log;
+        log.clear ();
+        if (!result.empty ()) result.pop_back ();
+        return result;
+    }
+    void Add (const std::string& entry) { log += entry + " "; }
+
+    void ListBoxSelectionChanged (const Wg::ListBoxSelectionEvent& event) override { Add ("Select:" + std::to_string (event.GetListItem ())); }
+    void ListBoxClicked (const Wg::ListBoxClickEvent& event) override { Add ("Click:" + Where (event)); }
+    void ListBoxDoubleClicked (const Wg::ListBoxDoubleClickEvent& event) override { Add ("DoubleClick:" + Where (event)); }
+    void ListBoxHeaderItemResized (const Wg::ListBoxHeaderItemResizeEvent& event) override
+    {
+        Add ("Resize:" + std::to_string (event.GetHeaderItem ()) + "=" + std::to_string (event.GetNewSize ()));
+    }
+    void TextEditChanged (const Wg::TextEditChangeEvent& event) override { Add ("Changed:" + event.GetSource ()->GetText ().ToUtf8 ()); }
+    void BarControlTracked (const Wg::BarControlTrackEvent& event) override { Add ("Drag:" + std::to_string (event.GetSource ()->GetValue ())); }
+    void BarControlChanged (const Wg::BarControlChangeEvent& event) override { Add ("Release:" + std::to_string (event.GetSource ()->GetValue ())); }
+    void CheckItemChanged (const Wg::CheckItemChangeEvent& event) override { Add ("Check:" + std::to_string (event.GetSource ()->IsChecked ())); }
+    void UserControlTrackEntered (const Wg::UserControlTrackEvent& event) override { Add ("Enter:" + Value (event)); }
+    void UserControlTracked (const Wg::UserControlTrackEvent& event) override { Add ("Track:" + Value (event)); }
+    void UserControlTrackExited (const Wg::UserControlTrackEvent& event) override { Add ("Exit:" + Value (event)); }
+    void UserControlChanged (const Wg::UserControlChangeEvent& event) override { Add ("Changed:" + std::to_string (event.GetSource ()->GetValue ())); }
+
+    void ItemToolTipRequested (const Wg::ItemHelpEvent& event, Kor::UniString* text) override
+    {
+        Add ("Tip:" + std::to_string (event.GetSubItem ()));
+        if (text != nullptr) *text = Kor::UniString::Printf ("Row %d", int (event.GetSubItem ()));
+    }
+
+    Wg::KeyResult KeyPressed (const Wg::Key::Code& key, Wg::Item**) override
+    {
+        Add ("Key:" + std::to_string (key.GetCode ()) + "/" + std::to_string (int (key.GetCharacter ())) + "/" + std::to_string (key.GetModifiers ()));
+        return key.GetCharacter () == u'x' ? Wg::KeyHandled : Wg::KeyNotHandled;
+    }
+    Wg::KeyResult KeyPressed (const Wg::Key::Modifier& modifier, Wg::Item**) override
+    {
+        Add ("Modifier:" + std::to_string (modifier.GetKey ()));
+        return Wg::KeyHandled;
+    }
+
+private:
+    static std::string Where (const Wg::ListBoxClickEvent& event)
+    {
+        return std::to_string (event.GetListItem ()) + "@" + std::to_string (event.GetMouseOffset ().x) + "," + std::to_string (event.GetMouseOffset ().y);
+    }
+    static std::string Value (const Wg::UserControlTrackEvent& event) { return std::to_string (event.GetSource ()->GetValue ()); }
+};
+
+class QtBackendTest : public ::testing::Test {
+protected:
+    static constexpr int RowCount = 50;
+
+    Wg::Panel   panel {Wg::Rect (0, 0, 420, 320)};
+    Wg::ListBox list {panel, Wg::Rect::FromSize (10, 10, 300, 200), 0, Wg::ListBox::VScroll, true};
+    Recorder    recorder;
+    std::unique_ptr<TxalQt::PanelView> view;
+
+    void SetUp () override
+    {
+        list.SetTabFieldCount (2);
+        list.SetTabFieldBeginEndPosition (1, 0, 120);
+        list.SetTabFieldBeginEndPosition (2, 120, 280);
+        for (int row = 1; row <= RowCount; ++row) list.SetTabItemText (list.AppendItem (), 1, "Row " + std::to_string (row));
+        list.Attach (recorder);
+        view.reset (TxalQt::Backend::AttachPanel (panel, nullptr));
+        view->show ();
+        view->activateWindow ();
+        QCoreApplication::processEvents ();
+    }
+
+    void TearDown () override
+    {
+        view.reset ();
+        list.Detach (recorder);
+    }
+
+    template <typename Widget>
+    Widget& PeerOf (const Wg::Item& item)
+    {
+        view->SyncPeers ();
+        auto* widget = dynamic_cast<Widget*> (view->FindPeerWidget (item));
+        EXPECT_NE (widget, nullptr);
+        return *widget;
+    }
+};
+
+TEST_F (QtBackendTest, PressOnRowReachesClickWithRowAndOffset)
+{
+    list.SetScrollPosition (3);
+    auto& listView = PeerOf<TxalQt::ListBoxView> (list);
+    // Rows start under the frame (1) and the header (18); the third visible row is row 5.
+    const QPoint onRowFive (1 + 37, 1 + 18 + 2 * 20 + 7);
+    SendMouse (listView, QEvent::MouseButtonPress, onRowFive);
+    SendMouse (listView, QEvent::MouseButtonDblClick, onRowFive);
+    SendMouse (listView, QEvent::MouseButtonPress, QPoint (40, 5));      // the header: no row
+    EXPECT_EQ (recorder.Take (), "Select:5 Click:5@37,7 DoubleClick:5@37,7");
+    EXPECT_TRUE (list.IsFocused ());
+}
+
+TEST_F (QtBackendTest, HeaderDividerDragResizesLive)
+{
+    list.SetHeaderItemResizable (1, true);
+    auto& listView = PeerOf<TxalQt::ListBoxView> (list);
+    // The first divider stands at the first field's end, 120 pixels right of the rows' edge.
+    SendMouse (listView, QEvent::MouseButtonPress, QPoint (1 + 120, 5));
+    SendMouse (listView, QEvent::MouseMove, QPoint (1 + 140, 5));
+    std::string seen = std::to_string (list.GetTabFieldEndPosition (1)) + "," + std::to_string (list.GetTabFieldBeginPosition (2)) + "-" +
+                       std::to_string (list.GetTabFieldEndPosition (2));
+    SendMouse (listView, QEvent::MouseMove, QPoint (1 + 130, 5));
+    SendMouse (listView, QEvent::MouseButtonRelease, QPoint (1 + 130, 5));
+    SendMouse (listView, QEvent::MouseMove, QPoint (1 + 160, 5));
+    seen += " " + std::to_string (list.GetHeaderItemSize (1)) + " " + recorder.Take ();
+    // The second divider is fixed: a press there drags nothing.
+    SendMouse (listView, QEvent::MouseButtonPress, QPoint (1 + 290, 5));
+    SendMouse (listView, QEvent::MouseMove, QPoint (1 + 250, 5));
+    seen += " " + std::to_string (list.GetHeaderItemSize (2));
+    EXPECT_EQ (seen, "140,140-300 130 Resize:1=140 Resize:1=130 160");
+}
+
+TEST_F (QtBackendTest, KeysGoToThePanelHandlersFirst)
+{
+    panel.InstallKeyboardHandler (recorder);
+    list.SetFocus ();
+    auto& listView = PeerOf<TxalQt::ListBoxView> (list);
+    SendKey (listView, Qt::Key_Down);
+    SendKey (listView, Qt::Key_X, QString (QChar (0x18)), Qt::ControlModifier);
+    SendKey (listView, Qt::Key_Alt, {}, Qt::AltModifier);
+    SendKey (listView, Qt::Key_Backtab, {}, Qt::ShiftModifier);
+    panel.RemoveKeyboardHandler (recorder);
+    // Down went on to the list box, which selected the first row.
+    EXPECT_EQ (recorder.Take (), "Key:-9/0/0 Select:1 Key:0/120/8 Modifier:2 Key:-4/0/2");
+}
+
+TEST_F (QtBackendTest, TypingGoesThroughTheModelAndFocusMovesCommit)
+{
+    Wg::TextEdit first (panel, Wg::Rect::FromSize (10, 230, 150, 22));
+    Wg::TextEdit second (panel, Wg::Rect::FromSize (170, 230, 150, 22));
+    first.SetAutoUpdate (false);
+    first.Attach (recorder);
+    auto& firstEdit = PeerOf<QLineEdit> (first);
+    auto& secondEdit = PeerOf<QLineEdit> (second);
+    first.SetText ("Wall");
+    std::string seen = firstEdit.text ().toStdString () + "|";
+
+    first.SetFocus ();
+    SendKey (firstEdit, Qt::Key_Backspace);
+    SendKey (firstEdit, Qt::Key_A, "a");
+    QInputMethodEvent composed;
+    composed.setCommitString (QStringLiteral ("\u00FC"));
+    QApplication::sendEvent (&firstEdit, &composed);
+    seen += first.GetText ().ToUtf8 () + "=" + firstEdit.text ().toStdString () + "|";
+    SendKey (firstEdit, Qt::Key_Escape);
+    seen += firstEdit.text ().toStdString () + "|";
+
+    // With auto update off the change arrives when the focus moves, however it moves.
+    SendKey (firstEdit, Qt::Key_S, "s");
+    secondEdit.setFocus (Qt::MouseFocusReason);
+    seen += std::string (second.IsFocused () ? "second" : "first") + "|" + recorder.Take ();
+    first.Detach (recorder);
+    EXPECT_EQ (seen, "Wall|Walaü=Walaü|Wall|second|Changed:Walls");
+}
+
+TEST_F (QtBackendTest, NumberEditShowsWhatTheModelHolds)
+{
+    Wg::RealEdit edit (panel, Wg::Rect::FromSize (10, 230, 150, 22), Wg::RealSubtype::Length);
+    edit.SetValue (2.5);
+    auto& line = PeerOf<QLineEdit> (edit);
+    // Each step: does the widget show the model's text, and is all of it selected?
+    const auto state = [&] {
+        return std::to_string (line.text () == QString::fromStdString (edit.GetText ().ToUtf8 ())) + std::to_string (line.selectedText () == line.text ());
+    };
+    std::string seen = state ();
+    edit.SetFocus ();
+    seen += " " + state ();
+    SendKey (line, Qt::Key_3, "3");
+    SendKey (line, Qt::Key_Period, ".");
+    SendKey (line, Qt::Key_5, "5");
+    seen += " " + line.text ().toStdString () + ":" + state ();
+    SendKey (line, Qt::Key_Return);
+    seen += " " + state () + " " + std::to_string (edit.GetValue ());
+    EXPECT_EQ (seen, "10 11 3.5:10 11 3.500000");
+}
+
+TEST_F (QtBackendTest, ToolTipsAskTheObserversForTheRow)
+{
+    auto& listView = PeerOf<TxalQt::ListBoxView> (list);
+    const QPoint onRowTwo (30, 1 + 18 + 20 + 5);
+    QHelpEvent withoutHelp (QEvent::ToolTip, onRowTwo, listView.mapToGlobal (onRowTwo));
+    QApplication::sendEvent (&listView, &withoutHelp);
+    list.SetHelpStyle (Wg::ListBox::ToolTipHelp);
+    QHelpEvent withHelp (QEvent::ToolTip, onRowTwo, listView.mapToGlobal (onRowTwo));
+    QApplication::sendEvent (&listView, &withHelp);
+    EXPECT_EQ (recorder.Take () + " " + QToolTip::text ().toStdString (), "Tip:2 Row 2");
+}
+
+TEST_F (QtBackendTest, ResizingTheViewResizesThePanel)
+{
+    view->resize (500, 400);
+    EXPECT_EQ (std::to_string (panel.GetWidth ()) + "x" + std::to_string (panel.GetHeight ()), "500x400");
+    panel.Resize (-100, -50);
+    EXPECT_EQ (view->size (), QSize (400, 350));
+}
+
+TEST_F (QtBackendTest, ModelChangesReachWidgetsAndClicksReachTheModel)
+{
+    Wg::CheckItem check (panel, Wg::Rect::FromSize (10, 230, 120, 20));
+    Wg::BarControl bar (panel, Wg::Rect::FromSize (140, 230, 120, 20));
+    check.Attach (recorder);
+    bar.Attach (recorder);
+    auto& box = PeerOf<QCheckBox> (check);
+    auto& slider = PeerOf<QSlider> (bar);
+
+    check.Check ();
+    check.SetText ("Visible");
+    bar.SetMax (200);
+    bar.SetValue (40);
+    bar.SetRect (Wg::Rect::FromSize (5, 6, 70, 20));
+    bar.Disable ();
+    check.Hide ();
+    const QRect geometry = slider.geometry ();
+    std::string seen = std::to_string (box.isChecked ()) + box.text ().toStdString () + " " + std::to_string (slider.maximum ()) + "/" +
+                       std::to_string (slider.value ()) + " " + std::to_string (geometry.x ()) + "," + std::to_string (geometry.y ()) + "," +
+                       std::to_string (geometry.width ()) + " " + std::to_string (slider.isEnabled ()) + std::to_string (box.isVisibleTo (view.get ()));
+
+    check.Show ();
+    bar.Enable ();
+    box.click ();          // the model toggles, the box follows
+    slider.setSliderDown (true);
+    slider.setSliderPosition (70);
+    slider.setSliderDown (false);
+    seen += " | " + std::to_string (box.isChecked ()) + " " + std::to_string (bar.GetValue ()) + " " + recorder.Take ();
+    check.Detach (recorder);
+    bar.Detach (recorder);
+    EXPECT_EQ (seen, "1Visible 200/40 5,6,70 00 | 0 70 Check:0 Drag:70 Release:70");
+}
+
+TEST_F (QtBackendTest, ScrollBarAndWheelMapToTheScrollPosition)
+{
+    auto& listView = PeerOf<TxalQt::ListBoxView> (list);
+    QScrollBar& bar = listView.GetScrollBar ();
+    // (200 - 2 frame - 18 header) / 20 = 9 visible rows; the last scroll position is 50 - 9 + 1.
+    std::string seen = std::to_string (bar.minimum ()) + ".." + std::to_string (bar.maximum ()) + "/" + std::to_string (bar.pageStep ());
+    bar.setValue (10);
+    seen += " " + std::to_string (list.GetScrollPosition ());
+    list.SetScrollPosition (20);
+    seen += " " + std::to_string (bar.value ());
+    QWheelEvent wheel (QPointF (50, 50), QPointF (listView.mapToGlobal (QPoint (50, 50))), QPoint (), QPoint (0, -120), Qt::NoButton,
+                       Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent (&listView, &wheel);
+    seen += " " + std::to_string (list.GetScrollPosition ()) + "=" + std::to_string (bar.value ());
+    list.DeleteItem (1);
+    seen += " " + std::to_string (bar.maximum ());
+    EXPECT_EQ (seen, "1..42/9 10 20 23=23 41");
+}
+
+// Destroys the button that was clicked, from inside the click.
+class SelfDestroyer : public Wg::ButtonItemObserver {
+public:
+    std::unique_ptr<Wg::ButtonItem> button;
+    void ButtonClicked (const Wg::ButtonClickEvent&) override { button.reset (); }
+};
+
+TEST_F (QtBackendTest, ItemsThatDieFirstReleaseTheirWidgetsLater)
+{
+    const int peersBefore = view->GetPeerCount ();
+    SelfDestroyer destroyer;
+    destroyer.button = std::make_unique<Wg::ButtonItem> (panel, Wg::Rect::FromSize (10, 230, 80, 24));
+    destroyer.button->Attach (destroyer);
+    // Announced, then gone before its peer was made.
+    auto transient = std::make_unique<Wg::TextEdit> (panel, Wg::Rect::FromSize (10, 260, 80, 22));
+    transient.reset ();
+    QPointer<QToolButton> button = &PeerOf<QToolButton> (*destroyer.button);
+    const int peersWithButton = view->GetPeerCount ();
+
+    button->click ();
+    const bool keptDuringClick = button != nullptr && !button->isVisible ();
+    ReleaseDeferred ();
+    EXPECT_EQ (std::to_string (peersWithButton - peersBefore) + " " + std::to_string (keptDuringClick) + " " +
+                   std::to_string (button == nullptr) + " " + std::to_string (view->GetPeerCount () - peersBefore),
+               "1 1 1 0");
+}
+
+TEST_F (QtBackendTest, ViewThatGoesFirstDetachesAndRestoresTheMetric)
+{
+    const int measuredWhileAttached = Gfx::MeasureText ("iiii").width;
+    view.reset ();
+    EXPECT_EQ (list.GetPeer (), nullptr);
+    EXPECT_EQ (panel.GetPeer (), nullptr);
+    // The headless metric: 7 pixels a code unit; DejaVu's i is far narrower.
+    EXPECT_LT (measuredWhileAttached, 4 * Gfx::HeadlessCharWidth);
+    EXPECT_EQ (Gfx::MeasureText ("iiii").width, 4 * Gfx::HeadlessCharWidth);
+}
+
+TEST (QtBackendLifeTest, PanelThatGoesFirstLeavesAnInertView)
+{
+    auto panel = std::make_unique<Wg::Panel> (Wg::Rect (0, 0, 200, 100));
+    auto edit = std::make_unique<Wg::TextEdit> (*panel, Wg::Rect::FromSize (10, 10, 100, 22));
+    std::unique_ptr<TxalQt::PanelView> view (TxalQt::Backend::AttachPanel (*panel, nullptr));
+    edit->SetFocus ();
+    edit.reset ();
+    panel.reset ();
+    ReleaseDeferred ();
+    // Keys, painting and resizing of the orphaned view reach no model.
+    view->setFocus ();
+    SendKey (*view, Qt::Key_A, "a");
+    const QImage image = TxalQt::Backend::Grab (*view);
+    view->resize (300, 200);
+    EXPECT_EQ (view->GetPanel (), nullptr);
+    EXPECT_EQ (view->GetPeerCount (), 0);
+    EXPECT_EQ (image.size (), QSize (200, 100) * view->devicePixelRatio ());
+}
+
+TEST_F (QtBackendTest, QtRunnerMapsMenuHoverAndChoiceToSessionSteps)
+{
+    Pk::PopupControl popup (panel, Wg::Rect::FromSize (10, 230, 120, 22));
+    popup.AppendItem ("Solid");
+    popup.AppendItem ("Dashed");
+    popup.AppendSeparator ();
+    popup.AppendItem ("Dotted");
+    popup.SetValue (1);
+    popup.Attach (recorder);
+    auto& button = PeerOf<QToolButton> (popup);
+    TxalQt::Backend::InstallModalRunner ();
+    QTimer::singleShot (0, [] {
+        auto* menu = dynamic_cast<QMenu*> (QApplication::activePopupWidget ());
+        if (menu == nullptr) return;
+        const QList<QAction*> actions = menu->actions ();
+        actions[1]->hover ();
+        actions[2]->hover ();      // the separator: over no entry
+        actions[3]->trigger ();
+        menu->close ();
+    });
+    button.click ();
+    TxalQt::Backend::RemoveModalRunner ();
+    popup.Detach (recorder);
+    EXPECT_EQ (recorder.Take (), "Enter:1 Track:2 Track:0 Track:4 Exit:4 Changed:4");
+}
+
+}   // namespace
