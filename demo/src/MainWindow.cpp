@@ -59,6 +59,7 @@ MainWindow::MainWindow (BuildingModel& model)
         if (current != nullptr) palette->ShowElement (current->data (Qt::UserRole).toString ().toStdString ());
     });
     if (elements->count () > 0) elements->setCurrentRow (0);
+    panel.Open ();
 }
 
 MainWindow::~MainWindow ()

@@ -104,6 +104,8 @@ int main (int argc, char** argv)
         return 1;
     }
 
+    // A person at a real screen gets real popups; scripts and screenshots keep the headless runner.
+    if (!Headless (options)) TxalQt::Backend::InstallModalRunner ();
     Demo::MainWindow window (model);
     window.show ();
     application.processEvents ();
