@@ -114,10 +114,10 @@ Wg::Point ClickPoint (SettingsPalette& palette, short column, const std::vector<
     return Wg::Point (begin + dx, listBox.GetItemHeight () / 2);
 }
 
-Wg::Key::Code KeyByName (const std::string& spec)
+Wg::Key::Code KeyByName (const std::string& keyText)
 {
     int modifiers = 0;
-    std::string name = spec;
+    std::string name = keyText;
     for (;;) {
         if (name.rfind ("Alt+", 0) == 0) {
             modifiers |= Wg::Key::PopupFlag;
@@ -138,7 +138,7 @@ Wg::Key::Code KeyByName (const std::string& spec)
     for (const auto& special : specials)
         if (name == special.name) return Wg::Key::Code (special.code, 0, modifiers);
     if (name == "Space") return Wg::Key::Code::Character (u' ', modifiers);
-    throw std::invalid_argument ("unknown key \"" + spec + "\"");
+    throw std::invalid_argument ("unknown key \"" + keyText + "\"");
 }
 
 void TypeIntoFocus (Wg::Panel& panel, const std::string& text)

@@ -27,20 +27,6 @@
 namespace TxAL {
 
 class AttributeList;
-class AttributeListSelectionItem;
-class AttributeListTextItem;
-class AttributeListTaggedTextItem;
-class AttributeListDictionaryItem;
-class AttributeListRealItem;
-class AttributeListLengthItem;
-class AttributeListAreaItem;
-class AttributeListVolumeItem;
-class AttributeListAngleItem;
-class AttributeListIntItem;
-class AttributeListCheckItem;
-class AttributeListButtonItem;
-class AttributeListIconButtonItem;
-class AttributeListSeparatorItem;
 
 class AttributeListObserver : public virtual Kor::EventObserver {
 public:

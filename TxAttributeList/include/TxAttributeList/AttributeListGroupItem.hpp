@@ -14,20 +14,6 @@
 
 namespace TxAL {
 
-class AttributeListSelectionItem;
-class AttributeListTextItem;
-class AttributeListTaggedTextItem;
-class AttributeListDictionaryItem;
-class AttributeListRealItem;
-class AttributeListLengthItem;
-class AttributeListAreaItem;
-class AttributeListVolumeItem;
-class AttributeListAngleItem;
-class AttributeListIntItem;
-class AttributeListCheckItem;
-class AttributeListButtonItem;
-class AttributeListIconButtonItem;
-class AttributeListSeparatorItem;
 
 class AttributeListGroupItem : public AttributeListItem {
 public:

@@ -46,6 +46,22 @@ class AttributeListGroupItem;
 class AttributeListItem;
 class OnTabItems;
 
+// The value items, which the list's and the group's factories make (ValueItems.hpp).
+class AttributeListSelectionItem;
+class AttributeListTextItem;
+class AttributeListTaggedTextItem;
+class AttributeListDictionaryItem;
+class AttributeListRealItem;
+class AttributeListLengthItem;
+class AttributeListAreaItem;
+class AttributeListVolumeItem;
+class AttributeListAngleItem;
+class AttributeListIntItem;
+class AttributeListCheckItem;
+class AttributeListButtonItem;
+class AttributeListIconButtonItem;
+class AttributeListSeparatorItem;
+
 class AttributeListItemObserver : public virtual Kor::EventObserver {
 public:
     // The list asks the item for its tool tip; the first non-empty answer wins.
