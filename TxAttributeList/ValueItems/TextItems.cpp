@@ -98,7 +98,12 @@ void AttributeListTextItem::SetCustomText (const Kor::UniString& newCustomText)
     if (newCustomText.IsEmpty ()) {
         customText.Clear ();
         if (autoCustomHandling && customWasSelected) SetText (Kor::UniString (), false);
-        DeleteLastEntry ();
+        // Only the custom entry goes: without a value list none was added, and the last entry
+        // is then a real suggestion.
+        const Kor::Array<PopupItem>& entries = GetEntries ();
+        if (!entries.IsEmpty () && !entries.GetLast ().IsSeparator () &&
+            entries.GetLast ().GetText () == GetResourceString (CommonStringsResId, CustomEntryLabelIndex))
+            DeleteLastEntry ();
         RefreshItem (false);
         return;
     }

@@ -197,6 +197,10 @@ TEST_F (SelectionItemTest, WithoutAutoCustomHandlingTheProgramKeepsTheCustomEntr
     item->DisableValueList ();
     item->AddStringItem ("Oak");
     EXPECT_EQ (item->GetSelectableItemCount (), 3u);
+    // Without a value list no custom entry is added, so clearing the custom text takes none away.
+    item->SetCustomText ("Pine");
+    item->SetCustomText ("");
+    EXPECT_EQ (Dump (*item), "Steel [Brick,Concrete,>Glass] sel=3 / ");
 }
 
 TEST_F (SelectionItemTest, TaggedTextKeepsItsTagVisibleBesideTheEdit)
