@@ -1,9 +1,10 @@
 #include "MainWindow.hpp"
 
 #include <QActionGroup>
-#include <QListWidget>
+#include <QHeaderView>
 #include <QMenuBar>
 #include <QSplitter>
+#include <QTreeWidget>
 
 #include "DemoScript.hpp"
 #include "TxalQt/Backend.hpp"
@@ -27,13 +28,19 @@ MainWindow::MainWindow (BuildingModel& model)
     palette = std::make_unique<SettingsPalette> (panel, model);
 
     auto* splitter = new QSplitter (this);
-    elements = new QListWidget (splitter);
+    elements = new QTreeWidget (splitter);
+    elements->setColumnCount (2);
+    elements->setHeaderLabels ({"ID", "Element"});
+    elements->setRootIsDecorated (false);
+    elements->setUniformRowHeights (true);
+    elements->header ()->setStretchLastSection (true);
     for (const Element& element : model.GetElements ()) {
-        const QString name = QString::fromStdString (element.Get ("name").value_or (""));
-        auto* row = new QListWidgetItem (QString::fromStdString (element.GetId () + "   ") + name, elements);
-        row->setData (Qt::UserRole, QString::fromStdString (element.GetId ()));
-        row->setToolTip (QString::fromStdString (element.GetKind ()));
+        const QString id = QString::fromStdString (element.GetId ());
+        auto* row = new QTreeWidgetItem (elements, {id, QString::fromStdString (element.Get ("name").value_or (""))});
+        row->setData (0, Qt::UserRole, id);
+        for (int column = 0; column < 2; ++column) row->setToolTip (column, QString::fromStdString (element.GetKind ()));
     }
+    elements->resizeColumnToContents (0);
     TxalQt::PanelView* view = TxalQt::Backend::AttachPanel (panel, splitter);
     view->setMinimumWidth (360);
     splitter->addWidget (elements);
@@ -55,10 +62,10 @@ MainWindow::MainWindow (BuildingModel& model)
     connect (metricAction, &QAction::triggered, this, [this] { ChooseUnits (true); });
     connect (imperialAction, &QAction::triggered, this, [this] { ChooseUnits (false); });
 
-    connect (elements, &QListWidget::currentItemChanged, this, [this] (QListWidgetItem* current) {
-        if (current != nullptr) palette->ShowElement (current->data (Qt::UserRole).toString ().toStdString ());
+    connect (elements, &QTreeWidget::currentItemChanged, this, [this] (QTreeWidgetItem* current) {
+        if (current != nullptr) palette->ShowElement (current->data (0, Qt::UserRole).toString ().toStdString ());
     });
-    if (elements->count () > 0) elements->setCurrentRow (0);
+    if (elements->topLevelItemCount () > 0) elements->setCurrentItem (elements->topLevelItem (0));
     panel.Open ();
 }
 
@@ -70,10 +77,11 @@ MainWindow::~MainWindow ()
 
 void MainWindow::ShowElement (const std::string& id)
 {
-    for (int i = 0; i < elements->count (); ++i) {
-        if (elements->item (i)->data (Qt::UserRole).toString ().toStdString () == id) {
+    for (int i = 0; i < elements->topLevelItemCount (); ++i) {
+        QTreeWidgetItem* row = elements->topLevelItem (i);
+        if (row->data (0, Qt::UserRole).toString ().toStdString () == id) {
             const QSignalBlocker blocker (elements);
-            elements->setCurrentRow (i);
+            elements->setCurrentItem (row);
         }
     }
     if (palette->GetElementId () != id) palette->ShowElement (id);

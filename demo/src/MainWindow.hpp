@@ -10,7 +10,7 @@
 #include "Wg/Panel.hpp"
 
 class QAction;
-class QListWidget;
+class QTreeWidget;
 
 namespace Demo {
 
@@ -33,7 +33,7 @@ private:
     BuildingModel&                   model;
     Wg::Panel                        panel;
     std::unique_ptr<SettingsPalette> palette;
-    QListWidget*                     elements = nullptr;
+    QTreeWidget*                     elements = nullptr;
     QAction*                         metricAction = nullptr;
     QAction*                         imperialAction = nullptr;
 };

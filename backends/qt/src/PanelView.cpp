@@ -1,6 +1,7 @@
 #include "TxalQt/PanelView.hpp"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QWheelEvent>
@@ -28,6 +29,8 @@
 //   Qt resize of the view -> Panel::Resize (and ResizeExit once the drag rests)
 //   Qt key press on the view itself (no item has the focus) -> Panel::KeyPress
 //   screen or ratio change -> Panel::SetScale
+//   shown and quiet -> Panel::Idle (every IdleIntervalMs)
+//   close of the view's own window -> Panel::RequestClose
 
 namespace TxalQt {
 
@@ -60,6 +63,16 @@ PanelView::PanelView (Wg::Panel& shown, QWidget* parent) : QWidget (parent), pan
         if (panel == nullptr) return;
         const InputScope scope;
         panel->ResizeExit ();
+    });
+
+    idleTimer.setInterval (IdleIntervalMs);
+    QObject::connect (&idleTimer, &QTimer::timeout, this, [this] {
+        // Not inside the model, nor under a menu or modal dialog: then the user is busy.
+        if (!AcceptsInput () || InputScope::IsActive () || QApplication::activePopupWidget () != nullptr ||
+            QApplication::activeModalWidget () != nullptr)
+            return;
+        const InputScope scope;
+        panel->Idle ();
     });
 
     shown.SetPeer (this);
@@ -171,6 +184,7 @@ void PanelView::PanelDestroyed (Wg::Panel& destroyed)
     if (&destroyed != panel) return;
     panel = nullptr;
     resizeExitTimer.stop ();
+    idleTimer.stop ();
 }
 
 // --- For the peers ---
@@ -210,6 +224,13 @@ bool PanelView::event (QEvent* event)
 {
     switch (event->type ()) {
         case QEvent::Show:
+            if (panel != nullptr) idleTimer.start ();
+            SyncPeers ();
+            UpdateScale ();
+            break;
+        case QEvent::Hide:
+            idleTimer.stop ();
+            break;
         case QEvent::ScreenChangeInternal:
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
         case QEvent::DevicePixelRatioChange:
@@ -272,6 +293,23 @@ void PanelView::resizeEvent (QResizeEvent* event)
     const InputScope scope;
     panel->Resize (dWidth, dHeight);
     resizeExitTimer.start ();
+}
+
+void PanelView::closeEvent (QCloseEvent* event)
+{
+    if (panel == nullptr || closing) {
+        event->accept ();
+        return;
+    }
+    bool accepted = false;
+    {
+        const InputScope scope;
+        accepted = panel->RequestClose ();
+    }
+    if (accepted)
+        event->accept ();
+    else
+        event->ignore ();
 }
 
 void PanelView::wheelEvent (QWheelEvent* event)

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QStyle>
 #include <QToolTip>
 
@@ -35,6 +36,7 @@ private:
 };
 
 const char* const OnTabProperty = "txalOnTab";
+constexpr int     OnTabLineEditShift = 2;
 
 QRect ToQRect (const Wg::Rect& rect)
 {
@@ -218,6 +220,10 @@ void PeerBase::UpdateOnTab ()
     widget.setProperty (OnTabProperty, now);
     widget.style ()->unpolish (&widget);
     widget.style ()->polish (&widget);
+    // Over a row the edit's text starts where the cell's text stood: the row pads its text by
+    // 2 pixels from the field's edge, the edit stands 1 pixel in with a 1-pixel border, and
+    // QLineEdit adds a fixed 2-pixel margin of its own, which this takes back.
+    if (auto* lineEdit = qobject_cast<QLineEdit*> (&widget)) lineEdit->setTextMargins (now ? -OnTabLineEditShift : 0, 0, 0, 0);
     widget.update ();
 }
 

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -365,6 +366,53 @@ TEST_F (QtBackendTest, ViewThatGoesFirstDetachesAndRestoresTheMetric)
     // The headless metric: 7 pixels a code unit; DejaVu's i is far narrower.
     EXPECT_LT (measuredWhileAttached, 4 * Gfx::HeadlessCharWidth);
     EXPECT_EQ (Gfx::MeasureText ("iiii").width, 4 * Gfx::HeadlessCharWidth);
+}
+
+class PanelRecorder : public Wg::PanelObserver {
+public:
+    int  idles = 0;
+    int  closeRequests = 0;
+    bool accept = false;
+
+    void PanelIdle (const Wg::PanelIdleEvent&) override { ++idles; }
+    void PanelCloseRequested (const Wg::PanelCloseRequestEvent&, bool* accepted) override
+    {
+        ++closeRequests;
+        if (accepted != nullptr && accept) *accepted = true;
+    }
+};
+
+// Runs the event loop until done holds or a generous limit passes.
+template <typename Condition>
+void RunEventsUntil (Condition done, int limitMs)
+{
+    QElapsedTimer clock;
+    clock.start ();
+    while (!done () && clock.elapsed () < limitMs) QCoreApplication::processEvents (QEventLoop::WaitForMoreEvents, 20);
+}
+
+TEST_F (QtBackendTest, ShownViewSendsIdleAndItsWindowClosesOnlyWhenAccepted)
+{
+    PanelRecorder observer;
+    panel.Attach (observer);
+    RunEventsUntil ([&] { return observer.idles > 0; }, 5000);
+    EXPECT_GT (observer.idles, 0);
+
+    // A hidden view is not idle: nothing of it is on screen to update.
+    view->hide ();
+    QCoreApplication::processEvents ();
+    const int idlesWhenHidden = observer.idles;
+    RunEventsUntil ([] { return false; }, 3 * TxalQt::PanelView::IdleIntervalMs);
+    EXPECT_EQ (observer.idles, idlesWhenHidden);
+
+    view->show ();
+    EXPECT_FALSE (view->close ());
+    EXPECT_TRUE (view->isVisible ());
+    observer.accept = true;
+    EXPECT_TRUE (view->close ());
+    EXPECT_FALSE (view->isVisible ());
+    EXPECT_EQ (observer.closeRequests, 2);
+    panel.Detach (observer);
 }
 
 TEST (QtBackendLifeTest, PanelThatGoesFirstLeavesAnInertView)

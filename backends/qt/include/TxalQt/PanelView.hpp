@@ -8,6 +8,10 @@
 // panel and every item (SetPeer (nullptr)); an item that goes first has its widget released
 // later; a panel that goes first leaves an inert view. Items that already have a peer of
 // another kind are left alone.
+//
+// While the view is shown the panel hears an idle event every IdleIntervalMs when no input or
+// modal session is under way. A view that is a window of its own closes only when one of the
+// panel's observers accepts the close request; an embedded view leaves closing to its window.
 
 #include <QTimer>
 #include <QWidget>
@@ -23,6 +27,8 @@ class PanelView : public QWidget, public Wg::PanelPeer {
     Q_OBJECT
 
 public:
+    static constexpr int IdleIntervalMs = 200;
+
     PanelView (Wg::Panel& shown, QWidget* parent);
     PanelView (const PanelView&) = delete;
     PanelView& operator= (const PanelView&) = delete;
@@ -61,6 +67,7 @@ protected:
     bool event (QEvent* event) override;
     void keyPressEvent (QKeyEvent* event) override;
     void resizeEvent (QResizeEvent* event) override;
+    void closeEvent (QCloseEvent* event) override;
     void wheelEvent (QWheelEvent* event) override;
 
 private:
@@ -85,6 +92,7 @@ private:
     std::vector<Wg::Item*>  pending;
     PendingPeer             pendingPeer {*this};
     QTimer                  resizeExitTimer;
+    QTimer                  idleTimer;
     int                     mirroring = 0;
     bool                    syncScheduled = false;
     bool                    applyingPanelSize = false;
