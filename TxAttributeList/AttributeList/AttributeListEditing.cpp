@@ -351,13 +351,8 @@ Wg::KeyResult AttributeList::MoveSelection (short step)
 
     RemoveOnTabItemsFromAllColumns ();
     listBox->SelectItem (row);
-    // Keep the new row in view.
-    const short first = listBox->GetScrollPosition ();
-    const short visibleRows = std::max<short> (1, listBox->GetVisibleRowCount ());
-    if (row < first)
-        listBox->SetScrollPosition (row);
-    else if (row >= first + visibleRows)
-        listBox->SetScrollPosition (static_cast<short> (row - visibleRows + 1));
+    // The list box hides on-tab items of a row out of view, and a hidden edit takes no focus.
+    listBox->ScrollIntoView (row);
     if (SetOnTabItems ()) SetFocusToEditControl ();
     NotifySelectionChanged ();
     return Wg::KeyHandled;
@@ -402,6 +397,8 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     }
 
     if (code == Wg::Key::Down && plain) {
+        // FIXME: pen, fill and profile rows open their Pk257 popup, line-type rows their Pk261
+        // popup, once those item kinds exist.
         if (popupModifier && dynamic_cast<AttributeListSelectionItem*> (valueItem) != nullptr) {
             // Only the popup that the row placed is its popup: a row without entries has none,
             // and the control may still hold another row's entries.
