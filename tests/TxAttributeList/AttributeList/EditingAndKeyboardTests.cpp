@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "AttributeListTestSupport.hpp"
 #include "Wg/ModalRunner.hpp"
 
@@ -76,6 +80,108 @@ TEST (InPlaceControlTest, TheIconColumnPopupChoosesTheItemsEntry)
     EXPECT_EQ (log.Take (), "IconColumnPopupChanged(A)");
     EXPECT_EQ (item.GetSelectedIconColumnPopupItemIndex (), 1u);
     EXPECT_EQ (runner.GetPendingStepCount (), 0u);
+}
+
+// --- Which control is on the list box, and which one takes the focus ---
+
+class OnTabControlTest : public ::testing::Test {
+protected:
+    OnTabControlTest ()
+    {
+        h.list->AddListItem (row);
+        h.list->FullRefreshList (true);
+        h.ListBox ().SetFocus ();
+    }
+
+    // Lays the controls over columns 3, 4, ... of the selected row, and nothing else.
+    void Place (std::initializer_list<Wg::Item*> controls)
+    {
+        h.ListBox ().RemoveAllOnTabItems ();
+        short column = 3;
+        for (Wg::Item* control : controls) h.ListBox ().SetOnTabItem (column++, *control);
+    }
+
+    // The edits that take the focus, in the order in which they are preferred.
+    std::vector<std::pair<std::string, Wg::Item*>> FocusOrder ()
+    {
+        TxAL::OnTabItems& c = h.list->GetOnTabItems ();
+        return {{"Int", &c.GetIntEdit ()},          {"PosInt", &c.GetPosIntEdit ()},     {"Length", &c.GetLengthEdit ()},
+                {"Area", &c.GetAreaEdit ()},        {"Volume", &c.GetVolumeEdit ()},     {"Angle", &c.GetAngleEdit ()},
+                {"PolarAngle", &c.GetPolarAngleEdit ()}, {"Text", &c.GetTextEdit ()},    {"Real", &c.GetRealEdit ()},
+                {"PTStiffness", &c.GetPTStiffnessEdit ()}, {"PRStiffness", &c.GetPRStiffnessEdit ()},
+                {"LTStiffness", &c.GetLTStiffnessEdit ()}, {"LRStiffness", &c.GetLRStiffnessEdit ()},
+                {"STStiffness", &c.GetSTStiffnessEdit ()}, {"TRForce", &c.GetTRForceEdit ()},
+                {"RRMoment", &c.GetRRMomentEdit ()}, {"PLForce", &c.GetPLForceEdit ()},  {"PLMoment", &c.GetPLMomentEdit ()},
+                {"ELForce", &c.GetELForceEdit ()},   {"ELMoment", &c.GetELMomentEdit ()}, {"SLForce", &c.GetSLForceEdit ()}};
+    }
+
+    ListHarness h;
+    CountedItem row {"A"};
+};
+
+TEST_F (OnTabControlTest, EachQueryAnswersForItsOwnControlOnly)
+{
+    AttributeList& l = *h.list;
+    const std::vector<std::pair<std::string, bool (AttributeList::*) () const>> queries = {
+        {"Int", &AttributeList::IsIntEditOnTabItemVisible},         {"PosInt", &AttributeList::IsPosIntEditOnTabItemVisible},
+        {"Slider", &AttributeList::IsSliderOnTabItemVisible},       {"Length", &AttributeList::IsLengthEditOnTabItemVisible},
+        {"Area", &AttributeList::IsAreaEditOnTabItemVisible},       {"Volume", &AttributeList::IsVolumeEditOnTabItemVisible},
+        {"Angle", &AttributeList::IsAngleEditOnTabItemVisible},     {"PolarAngle", &AttributeList::IsPolarAngleEditOnTabItemVisible},
+        {"Text", &AttributeList::IsTextEditOnTabItemVisible},       {"Real", &AttributeList::IsRealEditOnTabItemVisible},
+        {"PTStiffness", &AttributeList::IsPTStiffnessEditOnTabItemVisible},
+        {"PRStiffness", &AttributeList::IsPRStiffnessEditOnTabItemVisible},
+        {"LTStiffness", &AttributeList::IsLTStiffnessEditOnTabItemVisible},
+        {"LRStiffness", &AttributeList::IsLRStiffnessEditOnTabItemVisible},
+        {"STStiffness", &AttributeList::IsSTStiffnessEditOnTabItemVisible}, {"TRForce", &AttributeList::IsTRForceEditOnTabItemVisible},
+        {"RRMoment", &AttributeList::IsRRMomentEditOnTabItemVisible}, {"PLForce", &AttributeList::IsPLForceEditOnTabItemVisible},
+        {"PLMoment", &AttributeList::IsPLMomentEditOnTabItemVisible}, {"ELForce", &AttributeList::IsELForceEditOnTabItemVisible},
+        {"ELMoment", &AttributeList::IsELMomentEditOnTabItemVisible}, {"SLForce", &AttributeList::IsSLForceEditOnTabItemVisible},
+    };
+    TxAL::OnTabItems& c = l.GetOnTabItems ();
+    std::vector<std::pair<std::string, Wg::Item*>> controls = FocusOrder ();
+    controls.insert (controls.end (), {{"Slider", &c.GetSlider ()}, {"SecondReal", &c.GetSecondRealEdit ()}, {"Pk257", &c.GetPk257 ()},
+                                       {"Pk261", &c.GetPk261 ()}, {"Popup", &c.GetPopupControl ()}, {"CheckBox", &c.GetCheckBox ()}});
+    std::string mismatches;
+    for (const auto& [name, control] : controls) {
+        Place ({control});
+        std::string answered;
+        for (const auto& [query, fn] : queries)
+            if ((l.*fn) ()) answered += (answered.empty () ? "" : ",") + query;
+        const bool hasQuery = std::any_of (queries.begin (), queries.end (), [&] (const auto& q) { return q.first == name; });
+        if (answered != (hasQuery ? name : "")) mismatches += name + "->" + answered + " ";
+    }
+    EXPECT_EQ (mismatches, "");
+    Place ({});
+    for (const auto& [query, fn] : queries) EXPECT_FALSE ((l.*fn) ()) << query;
+}
+
+TEST_F (OnTabControlTest, TheFocusGoesToThePreferredEditWhateverItsColumn)
+{
+    const auto order = FocusOrder ();
+    std::string wrong;
+    for (std::size_t i = 0; i + 1 < order.size (); ++i) {
+        for (bool preferredFirst : {true, false}) {
+            Place (preferredFirst ? std::initializer_list<Wg::Item*> {order[i].second, order[i + 1].second}
+                                  : std::initializer_list<Wg::Item*> {order[i + 1].second, order[i].second});
+            h.ListBox ().SetFocus ();
+            h.list->SetFocusToEditControl ();
+            if (!order[i].second->IsFocused ()) wrong += order[i].first + "/" + order[i + 1].first + " ";
+            EXPECT_TRUE (h.list->IsEditControlFocused ());
+        }
+    }
+    EXPECT_EQ (wrong, "");
+
+    // The second real edit, the slider, the user controls, the buttons and the check box never
+    // take the focus this way: the list box keeps it.
+    TxAL::OnTabItems& c = h.list->GetOnTabItems ();
+    for (std::initializer_list<Wg::Item*> others : {std::initializer_list<Wg::Item*> {&c.GetSecondRealEdit (), &c.GetSlider (), &c.GetPk257 ()},
+                                                    {&c.GetPk261 (), &c.GetPopupControl (), &c.GetButton (), &c.GetCheckBox ()}}) {
+        Place (others);
+        h.ListBox ().SetFocus ();
+        h.list->SetFocusToEditControl ();
+        EXPECT_EQ (h.Controls ().substr (h.Controls ().find ("focus=")), "focus=ListBox");
+        EXPECT_TRUE (h.list->IsListFocused ());
+    }
 }
 
 class CommitTest : public ::testing::Test {
@@ -268,6 +374,79 @@ TEST_F (KeyboardTest, ThePopupModifierAloneIsKeptFromTheHostWhileTheListHasTheFo
     h.panel.SetFocusedItem (nullptr);
     EXPECT_FALSE (h.panel.ModifierPress (Wg::Key::Modifier (Wg::Key::PopupModifier)));
     EXPECT_FALSE (h.Key (Wg::Key::Down));   // keys too are the list's only while it has the focus
+}
+
+TEST (KeyboardOnGroupRowsTest, TheMasterStandsInForTheValueAndTheGroupFolds)
+{
+    ListHarness h;
+    CallLog     log;
+    AttributeListGroupItem* options = h.list->CreateGroup ("Options", NoIcon, true, true);
+    TxAL::AttributeListCheckItem* check = options->CreateCheckItem (true, "On", NoIcon, false, "", true, false);
+    options->CreateLengthItem (false, "L", NoIcon, 0, 10, 1, true, true, false);
+    AttributeListGroupItem* kinds = h.list->CreateGroup ("Kinds", NoIcon, true, true);
+    TxAL::AttributeListSelectionItem* kind = kinds->CreateSelectionItem (true, "Kind", NoIcon, true, false);
+    for (const char* text : {"Wall", "Slab"}) {
+        TxAL::AttributeListItem::PopupItem entry;
+        entry.SetText (text);
+        kind->AddItem (entry);
+    }
+    log.Watch (*check);
+    log.Watch (*kind);
+    ASSERT_EQ (h.Rows (), "1:▾Options|[ ] 2:  L|1.000 m 3:Kinds");
+
+    h.ClickColumn (1, 3);
+    EXPECT_TRUE (h.Char (u' '));
+    EXPECT_EQ (log.Take (), "CheckChanged(On)");
+    EXPECT_TRUE (h.Key (Wg::Key::Left));
+    EXPECT_EQ (h.Rows (), "1:▸Options|[x] 2:Kinds");
+
+    Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
+    runner.ClearScript ();
+    runner.QueueChoose (2);
+    h.ClickColumn (2, 3);
+    EXPECT_TRUE (h.Key (Wg::Key::Down, Wg::Key::PopupFlag));
+    EXPECT_EQ (log.Take (), "SelectionChanged(Kind)");
+    EXPECT_EQ (h.Rows (), "1:▸Options|[x] 2:Kinds|Slab");
+    EXPECT_EQ (runner.GetPendingStepCount (), 0u);
+    h.list->ClearList (true);
+}
+
+TEST (KeyboardScrollTest, ArrowsBringTheNewRowIntoViewWithTheFocusInItsEdit)
+{
+    ListHarness h;
+    constexpr short RowCount = 12;
+    for (short i = 1; i <= RowCount; ++i) h.list->CreateLengthItem (std::to_string (i).c_str (), NoIcon, 0, 10, 1, true, true, false);
+    ASSERT_EQ (h.ListBox ().GetVisibleRowCount (), 9);
+    h.ClickColumn (1, 4);
+    auto state = [&h] { return h.Controls () + " top=" + std::to_string (h.ListBox ().GetScrollPosition ()); };
+    for (short i = 1; i < RowCount; ++i) EXPECT_TRUE (h.Key (Wg::Key::Down));
+    EXPECT_EQ (state (), "sel=12 4:LengthEdit focus=LengthEdit top=4");
+    for (short i = 1; i < RowCount; ++i) EXPECT_TRUE (h.Key (Wg::Key::Up));
+    EXPECT_EQ (state (), "sel=1 4:LengthEdit focus=LengthEdit top=1");
+    EXPECT_EQ (h.list->GetSelectedItemRect (), h.ListBox ().GetItemRect (1));
+
+    h.ListBox ().SelectItem (0);
+    EXPECT_EQ (h.list->GetSelectedItem (), nullptr);
+    EXPECT_FALSE (h.list->GetSelectedItemRect ().has_value ());
+    // Without a selected row the list leaves the key to the list box.
+    EXPECT_EQ (h.list->KeyPressed (Wg::Key::Code (Wg::Key::Down), nullptr), Wg::KeyNotHandled);
+}
+
+TEST (KeyboardTwoListsTest, KeysReachOnlyTheListThatHasTheFocus)
+{
+    ListHarness h;
+    TestList    other (h.panel, 10, 300, ListHarness::DefaultWidth, ListHarness::DefaultHeight);
+    for (AttributeList* list : {static_cast<AttributeList*> (h.list.get ()), static_cast<AttributeList*> (&other)}) {
+        list->CreateLengthItem ("A", NoIcon, 0, 10, 1, true, true, false);
+        list->CreateLengthItem ("B", NoIcon, 0, 10, 1, true, true, false);
+    }
+    other.GetListBox ().Click (1, Wg::Point (h.ColumnMiddle (3), 5));
+    EXPECT_TRUE (h.Key (Wg::Key::Down));
+    EXPECT_EQ (h.ListBox ().GetSelectedItem (), 1);
+    EXPECT_EQ (other.GetListBox ().GetSelectedItem (), 2);
+    EXPECT_FALSE (h.list->IsListFocused ());
+    EXPECT_TRUE (other.IsListFocused ());
+    other.ClearList (true);
 }
 
 // --- Guards ---
