@@ -122,9 +122,11 @@ void AttributeList::Init (bool visible, const OptionalParameters& params)
     controls.GetCheckBox ().Attach (static_cast<Wg::CheckItemObserver&> (*this));
     listBox->Attach (static_cast<Wg::ListBoxObserver&> (*this));
 
+    // The parameter only asks to show at once: a list box of our own starts hidden without it,
+    // while the panel's own list box keeps the visibility that its dialog gave it.
     if (visible)
         listBox->Show ();
-    else
+    else if (ownListBox != nullptr)
         listBox->Hide ();
 
     if (headerType == OwnHeader) {

@@ -98,6 +98,57 @@ TEST (LayoutTest, AListBindsThePanelsListBoxOrReportsAnIdThatNamesNone)
     EXPECT_EQ (DumpRows (unbound), "1:Len|1.000 m");
 }
 
+// Setup of the list box: "rows=20 lines help=1 header=18 scroll=16 | 1:c 2:c 3:lt 4:lt 5:lo 6:c | 3:r40 4:r40".
+std::string DumpSetup (const Wg::ListBox& listBox)
+{
+    std::string out = "rows=" + std::to_string (listBox.GetItemHeight ()) + (listBox.HasSeparatorLines () ? " lines" : "") +
+                      " help=" + std::to_string (listBox.GetHelpStyle ()) + " header=" + std::to_string (listBox.GetHeaderHeight ()) +
+                      " scroll=" + std::to_string (listBox.GetScrollType ()) + " |";
+    for (short column = 1; column <= listBox.GetTabFieldCount (); ++column) {
+        out += " " + std::to_string (column) + ":";
+        const short justification = listBox.GetTabFieldJustification (column);
+        out += justification == Wg::ListBox::Center ? "c" : justification == Wg::ListBox::Left ? "l" : "?";
+        if (listBox.GetTabFieldTruncation (column) == Wg::ListBox::EndTruncation) out += "t";
+        if (listBox.GetTabFieldOwnerDrawFlag (column)) out += "o";
+    }
+    out += " |";
+    for (short item = 1; item <= listBox.GetHeaderItemCount (); ++item)
+        if (listBox.IsHeaderItemResizable (item)) out += " " + std::to_string (item) + ":r" + std::to_string (listBox.GetHeaderItemMinSize (item));
+    return out;
+}
+
+TEST (ConstructionTest, TheListBoxGetsItsRowsColumnsAndHeaderOnce)
+{
+    ListHarness plain;
+    EXPECT_EQ (DumpSetup (plain.ListBox ()), "rows=20 lines help=1 header=0 scroll=16 | 1:c 2:c 3:lt 4:lt 5:lo 6:c |");
+    ListHarness titled (WithHeader ().SetScrollType (Wg::ListBox::NoScroll));
+    EXPECT_EQ (DumpSetup (titled.ListBox ()), "rows=20 lines help=1 header=18 scroll=0 | 1:c 2:c 3:lt 4:lt 5:lo 6:c | 3:r40 4:r40");
+    EXPECT_EQ (titled.ListBox ().GetHeaderItemText (3).ToUtf8 () + "/" + titled.ListBox ().GetHeaderItemText (4).ToUtf8 (), "Attribute/Value");
+
+    // The in-place edits take the text length and the update mode from the parameters.
+    TxAL::OnTabItems& defaults = plain.list->GetOnTabItems ();
+    EXPECT_EQ (defaults.GetTextEdit ().GetMaxLength (), 64);
+    EXPECT_TRUE (defaults.GetTextEdit ().GetAutoUpdate () && defaults.GetIntEdit ().GetAutoUpdate () && defaults.GetSLForceEdit ().GetAutoUpdate ());
+    ListHarness manual (Params ().SetTextEditMaxLength (12).SetEditControlAutoUpdate (false));
+    TxAL::OnTabItems& set = manual.list->GetOnTabItems ();
+    EXPECT_EQ (set.GetTextEdit ().GetMaxLength (), 12);
+    EXPECT_FALSE (set.GetTextEdit ().GetAutoUpdate () || set.GetPosIntEdit ().GetAutoUpdate () || set.GetLengthEdit ().GetAutoUpdate ());
+}
+
+TEST (ConstructionTest, ShowingAtOnceIsAskedOfANewListBoxAndLeavesThePanelsOwnAsItWas)
+{
+    EXPECT_TRUE (ListHarness ().ListBox ().IsVisible ());
+    EXPECT_FALSE (ListHarness (Params ().SetIsVisible (false)).ListBox ().IsVisible ());
+
+    Wg::Panel            panel (Wg::Rect (0, 0, 600, 400), ListHarness::NextPanelId ());
+    Wg::SingleSelListBox shown (panel, Wg::Rect::FromSize (0, 0, 300, 100), 41);
+    Wg::SingleSelListBox hidden (panel, Wg::Rect::FromSize (0, 100, 300, 100), 42);
+    hidden.Hide ();
+    AttributeList onShown (panel, 41, Params ().SetIsVisible (false));
+    AttributeList onHidden (panel, 42);
+    EXPECT_EQ (std::string (shown.IsVisible () ? "shown" : "hidden") + " " + (hidden.IsVisible () ? "shown" : "hidden"), "shown shown");
+}
+
 // Checks at every change of the list box that the columns stay inside its rows.
 class ColumnsInsidePeer : public Wg::ItemPeer {
 public:
@@ -205,6 +256,86 @@ TEST_F (RowsTest, RefreshingTheSelectedRowMovesTheFocusIntoItsEdit)
     length->SetValue (3);
     EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
     EXPECT_EQ (h.list->GetOnTabItems ().GetLengthEdit ().GetValue (), 3.0);
+}
+
+// --- Items of the list ---
+
+TEST (ItemsTest, AddingWaitsForTheNextRebuildAndClearingWithoutOneLeavesEmptiedRows)
+{
+    ListHarness h;
+    CountedItem a ("A", "1");
+    h.list->AddListItem (a);
+    h.list->AddListItem (nullptr);
+    EXPECT_EQ (h.Rows (), "");
+    h.list->CreateCheckItem ("Check", NoIcon, true, "", true, false);   // a created item rebuilds at once
+    EXPECT_EQ (h.Rows (), "1:A|1 2:Check|[x]");
+
+    h.list->ClearList (false);
+    EXPECT_TRUE (h.list->IsEmpty ());
+    EXPECT_EQ (h.Rows (), "1:? 2:?");   // old rows stay until the next rebuild, without their items
+    EXPECT_EQ (std::to_string (a.Row ()) + (a.InList () ? " in list" : " out"), "0 out");
+    EXPECT_EQ (h.list->GetFirstVisibleItem (), nullptr);
+    h.list->FullRefreshList (true);
+    EXPECT_EQ (h.Rows (), "");
+}
+
+TEST (ItemsTest, TheFirstVisibleItemFollowsTheScrollPosition)
+{
+    ListHarness                     h;
+    std::vector<AttributeListItem*> created;
+    for (const char* name : {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J", "K", "L"})
+        created.push_back (h.list->CreateButtonItem (name, NoIcon, "...", true, false));
+    EXPECT_EQ (h.list->GetFirstVisibleItem (), created[0]);
+    h.list->SetFirstVisibleItem (created[2]);
+    h.list->SetFirstVisibleItem (nullptr);
+    EXPECT_EQ (h.list->GetFirstVisibleItem (), created[2]);
+}
+
+// Drawing is suspended while rows are rebuilt or an item handles a control event, and the list
+// box is redrawn once at the end; a suspension of the caller's holds that redraw back.
+TEST (ItemsTest, RebuildsAndControlEventsRedrawOnceAtTheEnd)
+{
+    ListHarness h;
+    auto*       text = h.list->CreateTextItem ("Name", NoIcon, "old", false, true, false, true, false);
+    h.list->CreateLengthItem ("Len", NoIcon, 0, 10, 1, true, true, false);
+    Wg::ListBox& listBox = h.ListBox ();
+    auto redraws = [&, last = listBox.GetRedrawCount ()] () mutable {
+        const auto count = listBox.GetRedrawCount () - last;
+        last = listBox.GetRedrawCount ();
+        return count;
+    };
+
+    h.list->FullRefreshList (true);
+    EXPECT_EQ (redraws (), 1u);
+    h.list->DisableDraw ();
+    h.list->FullRefreshList (true);
+    EXPECT_FALSE (listBox.IsDrawEnabled ());
+    EXPECT_EQ (redraws (), 0u);
+    h.list->EnableDraw ();
+    EXPECT_TRUE (listBox.IsDrawEnabled ());
+    EXPECT_EQ (redraws (), 1u);
+
+    h.ClickColumn (1, 4);
+    redraws ();
+    h.list->GetOnTabItems ().GetTextEdit ().UserSetText ("new");
+    EXPECT_EQ (text->GetText ().ToUtf8 (), "new");
+    EXPECT_EQ (redraws (), 1u);
+    EXPECT_TRUE (listBox.IsDrawEnabled ());
+}
+
+TEST (AutomatedTestingTest, ADestroyedListIsNoLongerSearched)
+{
+    Wg::Panel            panel (Wg::Rect (0, 0, 600, 400), ListHarness::NextPanelId ());
+    Wg::SingleSelListBox first (panel, Wg::Rect::FromSize (0, 0, 445, 100), 51);
+    Wg::SingleSelListBox second (panel, Wg::Rect::FromSize (0, 100, 445, 100), 52);
+    auto                 gone = std::make_unique<AttributeList> (panel, 51);
+    AttributeList        kept (panel, 52);
+    gone->CreateButtonItem ("B", NoIcon, "Gone", true, false);
+    kept.CreateButtonItem ("B", NoIcon, "Kept", true, false);
+    auto value = [&] (short listBoxId) { return AttributeList::GetDrawnTextContentForKorAT (panel.GetId (), listBoxId, 1, 4).ToUtf8 (); };
+    EXPECT_EQ (value (51) + "|" + value (52), "Gone|Kept");
+    gone.reset ();
+    EXPECT_EQ (value (51) + "|" + value (52), "|Kept");
 }
 
 TEST (PaintTest, TheGroupNameIsDrawnUpToTheColumnWhereItsMasterBegins)
