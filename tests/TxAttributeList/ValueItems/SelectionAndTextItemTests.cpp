@@ -172,6 +172,46 @@ TEST_F (SelectionItemTest, AutoCustomEntryFollowsWhatTheUserTypes)
     EXPECT_EQ (Dump (*item), " [Brick,Concrete,Glass,Steels] sel=-1 / TextChanged(Material) TextChanged(Material)");
 }
 
+TEST_F (SelectionItemTest, PerEntrySettersSkipSeparatorsAndOutOfRangeIndices)
+{
+    auto* item = list->CreateSelectionItem ("Structure", {}, true, false);
+    item->AddItem (Entry ("Brick"));
+    item->AddSeparator ();
+    item->AddItem (Entry ("Steel"));
+    Click (1, Begin (Label ()) + 5);
+    struct Data : Kor::Object {};
+    const Kor::Ref<Kor::Object, Kor::Counter> data = Kor::NewRef<Data> ();
+    for (short index : {0, 2, 4}) {
+        item->DisableItem (index);
+        item->SetItemData (index, data);
+    }
+    item->DisableItem (3);
+    item->SetItemData (3, data);
+    const Pk::PopupControl& popup = Controls ().GetPopupControl ();
+    std::string state;
+    for (short i = 0; i <= 4; ++i) state += item->GetItemData (i) ? "d" : "-";
+    // The shown popup follows a disabled entry at once.
+    for (short i = 1; i <= popup.GetItemCount (); ++i) state += std::string (popup.IsSeparator (i) ? "|" : popup.IsItemEnabled (i) ? "+" : "x");
+    EXPECT_EQ (state, "---d-+|x");
+}
+
+TEST_F (SelectionItemTest, EmptyTextMatchingASeparatorKeepsTheCustomEntry)
+{
+    auto* item = list->CreateTextItem ("Material", {}, "", true, true, true, true, false);
+    item->AddStringItem ("Brick");
+    item->AddSeparator ();
+    item->AddStringItem ("Concrete");
+    calls.Watch (*item);
+    Click (1, Begin (Value ()) + 5);
+    Wg::TextEdit& edit = Controls ().GetTextEdit ();
+    const std::string custom = TxAL::GetResourceString (2001, 3).ToUtf8 ();
+    edit.UserSetText ("Oak");
+    calls.Take ();
+    // The separator's empty text is the first match: nothing is selected and the custom entry stays.
+    edit.UserSetText ("");
+    EXPECT_EQ (Dump (*item), " custom=Oak [Brick,,Concrete,>" + custom + "] sel=4 / TextChanged(Material)");
+}
+
 TEST_F (SelectionItemTest, WithoutAutoCustomHandlingTheProgramKeepsTheCustomEntry)
 {
     auto* item = list->CreateTextItem ("Material", {}, "Brick", false, true, true, true, false);
