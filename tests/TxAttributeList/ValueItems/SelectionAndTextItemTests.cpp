@@ -191,7 +191,8 @@ TEST_F (SelectionItemTest, PerEntrySettersSkipSeparatorsAndOutOfRangeIndices)
     std::string state;
     for (short i = 0; i <= 4; ++i) state += item->GetItemData (i) ? "d" : "-";
     // The shown popup follows a disabled entry at once.
-    for (short i = 1; i <= popup.GetItemCount (); ++i) state += std::string (popup.IsSeparator (i) ? "|" : popup.IsItemEnabled (i) ? "+" : "x");
+    for (short i = 1; i <= popup.GetItemCount (); ++i)
+        state += popup.IsSeparator (i) ? "|" : popup.IsItemEnabled (i) ? "+" : "x";
     EXPECT_EQ (state, "---d-+|x");
 }
 
