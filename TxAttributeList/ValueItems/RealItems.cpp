@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 
 #include "Kor/Assert.hpp"
 #include "TxAttributeList/AttributeList.hpp"
@@ -17,12 +18,13 @@ short EditHeight (const Wg::ListBox& listBox)
     return static_cast<short> (listBox.GetItemHeight () - (listBox.HasSeparatorLines () ? 1 : 0) - 2);
 }
 
-// Truncation toward zero into the 32-bit range; NaN gives 0.
+// Truncation toward zero. A minimum or value of INT_MIN given to the constructor reads back as
+// it stands; NaN gives 0, and numbers beyond the 32-bit range (never stored) are held at its ends.
 int TruncateToInt (double value)
 {
     if (std::isnan (value)) return 0;
-    if (value >= AttributeListIntItem::HighestValue) return static_cast<int> (AttributeListIntItem::HighestValue);
-    if (value <= AttributeListIntItem::LowestValue) return static_cast<int> (AttributeListIntItem::LowestValue);
+    if (value >= static_cast<double> (std::numeric_limits<int>::max ())) return std::numeric_limits<int>::max ();
+    if (value <= static_cast<double> (std::numeric_limits<int>::min ())) return std::numeric_limits<int>::min ();
     return static_cast<int> (std::trunc (value));
 }
 

@@ -99,6 +99,17 @@ TEST_F (RealItemTest, IntItemHasSymmetricLimitsAndTruncatesTowardZero)
     EXPECT_EQ (shown, "2/2 -2/-2 7/7 ");
 }
 
+TEST_F (RealItemTest, IntItemReadsTheSmallestIntOfItsConstructorAsItStands)
+{
+    // Only the setters hold the minimum one above INT_MIN; the constructor stores what it is given.
+    auto* item = list->CreateIntItem ("Offset", {}, INT_MIN, 0, INT_MIN, true, true, false);
+    Click (1, Begin (Value ()) + 5);
+    const Wg::IntEdit& edit = Controls ().GetIntEdit ();
+    EXPECT_EQ (std::to_string (item->GetMinValue ()) + " " + std::to_string (item->GetValue ()) + " " + Cell (1, Value ()) + " " +
+                   std::to_string (edit.GetMin ()) + " " + std::to_string (edit.GetValue ()),
+               "-2147483648 -2147483648 -2147483648 -2147483648 -2147483648");
+}
+
 TEST_F (RealItemTest, ValueTextIsFormattedBySubtypeInTheWorkingUnits)
 {
     list->CreateRealItem ("Real", {}, -1e9, 1e9, 2.5, true, true, false);
