@@ -114,8 +114,12 @@ void AttributeListGroupItem::DeleteItem (AttributeListSimpleItem* item, bool del
     if (item == nullptr || item->GetGroup () != this) return;
     AttributeList* list = GetAttributeList ();
     if (list != nullptr) list->DisableUpdate ();
-    item->DetachListItemFromList ();
-    item->AssignToList (nullptr);
+    // An item that is also a top-level item of the list (a master set with SetMasterItem)
+    // keeps its own row and list link, so that its destruction still takes it out of the list.
+    if (list == nullptr || !list->GetItems ().Contains (item)) {
+        item->DetachListItemFromList ();
+        item->AssignToList (nullptr);
+    }
     items.DeleteFirst (item);
     item->SetGroup (nullptr);
     if (item == masterItem)

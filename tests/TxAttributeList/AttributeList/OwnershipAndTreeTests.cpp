@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "AttributeListTestSupport.hpp"
+#include "RecordingPeer.hpp"
+#include "Wg/TextEdit.hpp"
 
 namespace {
 
@@ -161,6 +163,30 @@ TEST_F (OwnershipTest, AReleasedCallerMasterForgetsItsGroupAndList)
     EXPECT_EQ (master.GetGroup (), nullptr);
     EXPECT_FALSE (master.InList ());
     EXPECT_EQ (CountedItem::TakeDestroyed (), "");
+}
+
+TEST_F (OwnershipTest, ATopLevelItemSetAsMasterKeepsItsOwnRowUntilItGoes)
+{
+    TestGroup group ("G");
+    auto*     top = new CountedItem ("Top", "t");
+    h.list->AddListItem (group);
+    h.list->AddListItem (top);
+    CountedItem kept ("Kept", "k");
+    h.list->AddListItem (kept);
+    group.SetMasterItem (*top);
+    h.list->FullRefreshList (true);
+    EXPECT_EQ (h.Rows (), "1:G|t 2:  Top|t 3:Kept|k");   // its group marks it as a child in the dump
+
+    delete top;   // leaves the group and the list, no row left pointing at it
+    EXPECT_EQ (h.list->GetItems ().GetSize (), 2u);
+    EXPECT_EQ (h.Rows (), "1:G 2:Kept|k");
+
+    group.SetMasterItem (kept);
+    group.DeleteItem (&kept, true);   // released from the group, still a row of the list
+    EXPECT_EQ (group.GetMasterItem (), nullptr);
+    EXPECT_TRUE (kept.InList ());
+    EXPECT_EQ (h.Rows (), "1:G 2:Kept|k");
+    EXPECT_EQ (CountedItem::TakeDestroyed (), "~Top");
 }
 
 // --- Re-entrancy: observers that change the list while they are being told ---
@@ -456,6 +482,75 @@ TEST_F (TreeTest, CollapseAndExpandAllSpareNonCollapsibleGroupsAndRebuildOnce)
     fixed.Collapse ();
     h.list->ExpandAllGroups ();
     EXPECT_EQ (h.Rows (), "1:Top 2:▾G|m 3:  A 4:  B 5:  C 6:Last 7:▾Fixed 8:  F");
+}
+
+// --- The item base: renaming, the icon-column popup, items outside any list ---
+
+class ItemBaseTest : public ::testing::Test {
+protected:
+    ListHarness                h;
+    CallLog                    log;
+    TestSupport::RecordingPeer peer;
+};
+
+TEST_F (ItemBaseTest, RenamingThroughTheEditAlwaysTellsButRedrawsOnlyAChange)
+{
+    h.list->SetEditableColumnNum (AttributeList::NameColumn);
+    CountedItem item ("A");
+    h.list->AddListItem (item);
+    h.list->FullRefreshList (true);
+    h.ClickColumn (1, 3);
+    log.Watch (item);
+    peer.AttachTo (h.ListBox ());
+    Wg::TextEdit& nameEdit = h.list->GetOnTabItems ().GetTextEdit ();
+    // The edit sends no change for the same text; the item hears one as a repeated commit would bring it.
+    item.TextEditChanged (Wg::TextEditChangeEvent (&nameEdit));
+    EXPECT_EQ (log.Take (), "NameChanged(A)");
+    EXPECT_EQ (peer.TakeLog (), "");
+    item.TextEditChanged (Wg::TextEditChangeEvent (nullptr));   // not from the name edit: ignored
+    EXPECT_EQ (log.Take (), "");
+    nameEdit.UserSetText ("B");
+    EXPECT_EQ (log.Take (), "NameChanged(B)");
+    EXPECT_NE (peer.TakeLog (), "");
+    EXPECT_EQ (h.Rows (), "1:B");
+}
+
+TEST_F (ItemBaseTest, TheIconColumnPopupLendsItsEntrysIconAndDataOnlyForAnIndexInRange)
+{
+    class Data : public Kor::Object {};
+    const Wg::Icon own (1, 7), entryIcon (1, 8);
+    TestGroup      group ("G");
+    group.SetIcon (own);
+    AttributeListItem::PopupItem entry, separator;
+    entry.SetIcon (entryIcon);
+    entry.SetUserData (Kor::NewRef<Data> ());
+    separator.SetIsSeparator (true);
+    group.SetIconColumnPopupItems ({entry, separator});
+    h.list->AddListItem (group);
+
+    std::string out;
+    for (std::uint32_t index : {AttributeListItem::NoIconColumnPopupItem, 0u, 2u}) {
+        group.SetSelectedIconColumnPopupItemIndex (index);
+        h.list->FullRefreshList (true);   // the group draws the item's current icon
+        const Wg::Icon shown = h.ListBox ().GetTabItemIcon (1, h.list->GetAttributeIconColumnIndex ());
+        out += std::to_string (shown.GetResourceId ()) + (group.GetSelectedIconColumnPopupItemUserData ().IsNull () ? " " : "+data ");
+    }
+    EXPECT_EQ (out, "7 8+data 7 ");
+}
+
+TEST_F (ItemBaseTest, AnItemOutsideAnyListOnlyStoresWhatItIsGiven)
+{
+    CountedItem item ("A");
+    h.list->AddListItem (item);
+    h.list->FullRefreshList (true);
+    h.list->DeleteListItem (&item, false);
+    item.SetName ("B");
+    item.SetStatus (false);
+    item.SetVisibility (false);
+    item.Select (true);
+    EXPECT_FALSE (item.IsSelected ());
+    EXPECT_EQ (h.ListBox ().GetSelectedItem (), 0);
+    EXPECT_EQ (item.GetName ().ToUtf8 () + (item.GetStatus () ? "" : "~") + (item.IsVisible () ? "" : "-"), "B~-");
 }
 
 }   // namespace
