@@ -31,6 +31,8 @@ AttributeListGroupItem::~AttributeListGroupItem ()
 
 void AttributeListGroupItem::AddItem (AttributeListSimpleItem& item)
 {
+    // An item belongs to one group at most, and once: a second entry would outlive the item.
+    if (item.GetGroup () != nullptr) return;
     items.Push (&item);
     item.SetGroup (this);
     if (GetAttributeList () != nullptr) {
@@ -63,6 +65,8 @@ void AttributeListGroupItem::SetMasterItem (AttributeListSimpleItem& item)
 void AttributeListGroupItem::MakeMaster (AttributeListSimpleItem& item, bool assign)
 {
     if (dynamic_cast<AttributeListSeparatorItem*> (&item) != nullptr || &item == masterItem) return;
+    // An item of another group stays there; that group would keep a pointer to it.
+    if (item.GetGroup () != nullptr && item.GetGroup () != this) return;
     DisableUpdate ();
     ClearMasterItem ();
     masterItem = &item;
@@ -135,6 +139,8 @@ void AttributeListGroupItem::DeleteItem (AttributeListSimpleItem* item, bool del
 void AttributeListGroupItem::ReplaceItem (AttributeListSimpleItem* oldItem, AttributeListSimpleItem* newItem)
 {
     if (oldItem == nullptr || oldItem->GetGroup () != this || oldItem == newItem) return;
+    // The newcomer must not belong to a group yet, this one included: it would stand there twice.
+    if (newItem != nullptr && newItem->GetGroup () != nullptr) return;
     auto position = items.FindFirst (oldItem);
     if (!position.has_value ()) return;   // the master is not a child; it is replaced as master
     const short row = oldItem->GetRow ();

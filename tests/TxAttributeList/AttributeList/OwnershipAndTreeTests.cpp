@@ -189,6 +189,28 @@ TEST_F (OwnershipTest, ATopLevelItemSetAsMasterKeepsItsOwnRowUntilItGoes)
     EXPECT_EQ (CountedItem::TakeDestroyed (), "~Top");
 }
 
+TEST_F (OwnershipTest, AnItemJoinsOneGroupAtMostAndOnlyOnce)
+{
+    TestGroup a ("A"), b ("B");
+    h.list->AddListItem (a);
+    h.list->AddListItem (b);
+    auto* item = new CountedItem ("I");
+    auto* spare = new CountedItem ("S");
+    a.AddItem (item);
+    a.AddItem (item);
+    b.AddItem (item);
+    b.AddMasterItem (item);
+    b.AddItem (spare);
+    a.ReplaceItem (item, spare);   // the spare stays in its own group
+    EXPECT_EQ (h.Rows (), "1:▾A 2:  I 3:▾B 4:  S");
+
+    delete item;   // nothing keeps a pointer to it
+    delete spare;
+    EXPECT_EQ (a.GetSize () + b.GetSize (), 0u);
+    EXPECT_EQ (h.Rows (), "1:A 2:B");
+    EXPECT_EQ (CountedItem::TakeDestroyed (), "~I ~S");
+}
+
 // --- Re-entrancy: observers that change the list while they are being told ---
 
 class ReentrancyTest : public OwnershipTest {};
