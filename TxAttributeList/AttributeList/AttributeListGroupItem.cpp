@@ -118,9 +118,10 @@ void AttributeListGroupItem::DeleteItem (AttributeListSimpleItem* item, bool del
     if (item == nullptr || item->GetGroup () != this) return;
     AttributeList* list = GetAttributeList ();
     if (list != nullptr) list->DisableUpdate ();
-    // An item that is also a top-level item of the list (a master set with SetMasterItem)
-    // keeps its own row and list link, so that its destruction still takes it out of the list.
-    if (list == nullptr || !list->GetItems ().Contains (item)) {
+    // Only a master set with SetMasterItem can also be a top-level item of the list; it keeps
+    // its own row and list link, so that its destruction still takes it out of the list.
+    // Children skip the scan of the top-level items, which would make clearing quadratic.
+    if (list == nullptr || item != masterItem || !list->GetItems ().Contains (item)) {
         item->DetachListItemFromList ();
         item->AssignToList (nullptr);
     }
