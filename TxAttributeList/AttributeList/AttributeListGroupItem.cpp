@@ -65,8 +65,9 @@ void AttributeListGroupItem::SetMasterItem (AttributeListSimpleItem& item)
 void AttributeListGroupItem::MakeMaster (AttributeListSimpleItem& item, bool assign)
 {
     if (dynamic_cast<AttributeListSeparatorItem*> (&item) != nullptr || &item == masterItem) return;
-    // An item of another group stays there; that group would keep a pointer to it.
-    if (item.GetGroup () != nullptr && item.GetGroup () != this) return;
+    // An item that has a group already stays where it is: another group would keep a pointer to
+    // it, and a child of this one would stand in it twice and outlive its release as master.
+    if (item.GetGroup () != nullptr) return;
     DisableUpdate ();
     ClearMasterItem ();
     masterItem = &item;

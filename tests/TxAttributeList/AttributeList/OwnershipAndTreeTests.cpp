@@ -211,6 +211,25 @@ TEST_F (OwnershipTest, AnItemJoinsOneGroupAtMostAndOnlyOnce)
     EXPECT_EQ (CountedItem::TakeDestroyed (), "~I ~S");
 }
 
+TEST_F (OwnershipTest, AChildDoesNotBecomeTheMasterOfItsOwnGroup)
+{
+    TestGroup group ("G");
+    h.list->AddListItem (group);
+    auto* child = new CountedItem ("C", "c");
+    group.AddItem (child);
+    group.SetMasterItem (*child);
+    group.AddMasterItem (child);
+    h.list->FullRefreshList (true);
+    EXPECT_EQ (group.GetMasterItem (), nullptr);
+    EXPECT_EQ (h.Rows (), "1:▾G 2:  C|c");
+
+    group.RemoveMasterItem ();
+    delete child;   // still the group's child until now: no pointer to it is left behind
+    EXPECT_EQ (group.GetSize (), 0u);
+    EXPECT_EQ (h.Rows (), "1:G");
+    EXPECT_EQ (CountedItem::TakeDestroyed (), "~C");
+}
+
 // --- Re-entrancy: observers that change the list while they are being told ---
 
 class ReentrancyTest : public OwnershipTest {};
