@@ -4,7 +4,7 @@ BUILD_PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev lib
 QT_PACKAGES    := qt6-base-dev qt6-svg-dev libgl-dev fonts-dejavu-core xvfb xauth
 JOBS           ?= $(shell nproc)
 
-.PHONY: all deps build test test-sanitize bench demo clean
+.PHONY: all deps build test test-sanitize fuzz bench demo clean
 
 all: build
 
@@ -22,6 +22,18 @@ test-sanitize: deps
 	cmake --preset sanitize
 	cmake --build --preset sanitize -j $(JOBS)
 	ctest --preset sanitize -j $(JOBS)
+
+# The randomized user-input fuzzer under the sanitizers, as long as one likes:
+# make fuzz SEEDS=100 STEPS=10000 [FIRST_SEED=1] [FUZZ_OFF=throwing,destroying]
+SEEDS      ?= 20
+STEPS      ?= 5000
+FIRST_SEED ?= 1
+FUZZ_OFF   ?=
+
+fuzz: deps
+	cmake --preset sanitize
+	cmake --build --preset sanitize -j $(JOBS) --target txal-fuzz
+	build/sanitize/tests/fuzz/txal-fuzz --seeds $(SEEDS) --steps $(STEPS) --first-seed $(FIRST_SEED) $(if $(FUZZ_OFF),--off $(FUZZ_OFF))
 
 bench: build
 	build/default/bench/txal_bench

@@ -1,0 +1,376 @@
+// The table of single-row item kinds the fuzzer knows. A new kind is one entry: how to make it
+// as a caller and through the list's and group's Create…Item, what a program does to it, how
+// its value reads and what a user types into it.
+
+#include <cmath>
+#include <cstdio>
+
+#include "FuzzWorld.hpp"
+
+namespace TxALFuzz {
+
+namespace {
+
+using namespace TxAL;
+
+constexpr double RealLow = -1000.0;
+constexpr double RealHigh = 1000.0;
+constexpr int    IntLow = -5000;
+constexpr int    IntHigh = 5000;
+// Typed reals are halves, which every precision shows and parses exactly.
+constexpr int    TypedHalfSteps = 4000;
+
+template <typename T>
+T& As (AttributeListSimpleItem& item)
+{
+    return static_cast<T&> (item);
+}
+template <typename T>
+const T& As (const AttributeListSimpleItem& item)
+{
+    return static_cast<const T&> (item);
+}
+
+Kor::UniString Name (const char* kind) { return Kor::UniString (kind); }
+bool           Status (Rng& rng) { return Chance (rng, 85); }
+
+AttributeListItem::PopupItem Entry (Rng& rng)
+{
+    AttributeListItem::PopupItem entry;
+    entry.SetText (Chance (rng, 80) ? Kor::UniString ("e" + std::to_string (Pick (rng, 100))) : ExtremeText (rng));
+    entry.SetIsEnabled (Chance (rng, 80));
+    entry.SetIsSeparator (Chance (rng, 10));
+    return entry;
+}
+
+std::string RealText (double value)
+{
+    char buffer[64];
+    std::snprintf (buffer, sizeof buffer, "%.17g", value);
+    return buffer;
+}
+
+// Program calls every value list takes, with hostile indices.
+void PokeSelection (AttributeListSelectionItem& item, Rng& rng)
+{
+    const short index = static_cast<short> (Chance (rng, 70) ? Pick (rng, 6) : ExtremeInt (rng));
+    switch (Pick (rng, 7)) {
+        case 0: item.AddItem (Entry (rng)); break;
+        case 1: item.AddSeparator (); break;
+        case 2: item.DeleteAllItems (); break;
+        case 3: item.SetItemStatus (index, Chance (rng, 50)); break;
+        case 4: item.SelectItem (index); break;
+        case 5: item.SetItemIcon (index, Wg::Icon ()); break;
+        default: item.SetItemData (index, {}); break;
+    }
+}
+
+void PokeText (AttributeListTextItem& item, Rng& rng)
+{
+    switch (Pick (rng, 7)) {
+        case 0:
+        case 1: item.SetText (ExtremeText (rng), Chance (rng, 50)); break;
+        case 2: item.SetCustomText (ExtremeText (rng)); break;
+        case 3: item.AddStringItem (ExtremeText (rng)); break;
+        case 4: item.SetEditable (Chance (rng, 70)); break;
+        case 5: Chance (rng, 50) ? item.EnableValueList () : item.DisableValueList (); break;
+        default: PokeSelection (item, rng); break;
+    }
+}
+
+void PokeReal (AttributeListRealItem& item, Rng& rng)
+{
+    switch (Pick (rng, 7)) {
+        case 0:
+        case 1: item.SetValue (ExtremeReal (rng)); break;
+        case 2: item.SetMinValue (ExtremeReal (rng)); break;
+        case 3: item.SetMaxValue (ExtremeReal (rng)); break;
+        case 4: item.SetEditable (Chance (rng, 80)); break;
+        case 5: item.SetTagText (ExtremeText (rng)); break;
+        default: PokeSelection (item, rng); break;
+    }
+}
+
+// A typed value inside the item's range that differs from the current one; none when the
+// range holds no such value.
+std::optional<double> TypedReal (double min, double max, double current, Rng& rng)
+{
+    const double low = std::max (min, RealLow), high = std::min (max, RealHigh);
+    if (!(low <= high)) return std::nullopt;
+    for (int attempt = 0; attempt < 4; ++attempt) {
+        const double value = std::ceil (low * 2.0) / 2.0 + Pick (rng, TypedHalfSteps) / 2.0;
+        if (value <= high && value != current) return value;
+    }
+    return std::nullopt;
+}
+
+// A real-valued kind (the plain real and the unit kinds) from its factory functions. The plain
+// real's value reads back as typed; the unit kinds' typing depends on the working units, so
+// only whether they changed is checked.
+template <typename T, auto ListCreate, auto GroupCreate>
+ItemKind RealKind (const char* name, bool readsBackAsTyped)
+{
+    ItemKind kind;
+    kind.name = name;
+    kind.make = [name] (Rng& rng) -> AttributeListSimpleItem* {
+        return new T (Name (name), Wg::Icon (), RealLow, RealHigh, Pick (rng, 200) - 100.0, Chance (rng, 85), Status (rng), false);
+    };
+    kind.createInList = [name] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return (list.*ListCreate) (Name (name), Wg::Icon (), RealLow, RealHigh, Pick (rng, 200) / 4.0, Chance (rng, 85), Status (rng),
+                                   Chance (rng, 20), Kor::UniString ());
+    };
+    kind.createInGroup = [name] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return (group.*GroupCreate) (asMaster, Name (name), Wg::Icon (), RealLow, RealHigh, Pick (rng, 200) / 4.0, Chance (rng, 85),
+                                     Status (rng), false);
+    };
+    kind.poke = [] (AttributeListSimpleItem& item, Rng& rng) { PokeReal (As<AttributeListRealItem> (item), rng); };
+    kind.read = [] (const AttributeListSimpleItem& item) { return RealText (As<AttributeListRealItem> (item).GetValue ()); };
+    kind.typing = [readsBackAsTyped] (const AttributeListSimpleItem& item, Rng& rng) -> std::optional<ItemKind::Typing> {
+        const auto& real = As<AttributeListRealItem> (item);
+        const std::optional<double> value = TypedReal (real.GetMinValue (), real.GetMaxValue (), real.GetValue (), rng);
+        if (!value) return std::nullopt;
+        ItemKind::Typing typing;
+        char buffer[32];
+        std::snprintf (buffer, sizeof buffer, "%.1f", *value);
+        typing.text = Kor::UniString (buffer);
+        if (readsBackAsTyped) typing.expected = RealText (*value);
+        return typing;
+    };
+    return kind;
+}
+
+std::vector<ItemKind> MakeKinds ()
+{
+    std::vector<ItemKind> kinds;
+
+    ItemKind selection;
+    selection.name = "Selection";
+    selection.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        auto* item = new AttributeListSelectionItem (Name ("Selection"), Wg::Icon (), Status (rng), false);
+        for (int i = 0; i < 3; ++i) item->AddItem (Entry (rng));
+        item->SelectItem (1);
+        return item;
+    };
+    selection.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        auto* item = list.CreateSelectionItem (Name ("Selection"), Wg::Icon (), Status (rng), false);
+        if (item != nullptr)
+            for (int i = 0; i < 4; ++i) item->AddItem (Entry (rng));
+        return item;
+    };
+    selection.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        auto* item = group.CreateSelectionItem (asMaster, Name ("Selection"), Wg::Icon (), Status (rng), false);
+        if (item != nullptr) item->AddItem (Entry (rng));
+        return item;
+    };
+    selection.poke = [] (AttributeListSimpleItem& item, Rng& rng) { PokeSelection (As<AttributeListSelectionItem> (item), rng); };
+    selection.read = [] (const AttributeListSimpleItem& item) {
+        return std::to_string (As<AttributeListSelectionItem> (item).GetSelected ());
+    };
+    kinds.push_back (selection);
+
+    ItemKind text;
+    text.name = "Text";
+    text.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        auto* item = new AttributeListTextItem (Name ("Text"), Wg::Icon (), "abc", false, Chance (rng, 85), Chance (rng, 30), Status (rng), false);
+        if (Chance (rng, 40)) item->AddStringItem ("listed");
+        return item;
+    };
+    text.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateTextItem (Name ("Text"), Wg::Icon (), "xyz", Chance (rng, 20), Chance (rng, 85), Chance (rng, 30), Status (rng), false);
+    };
+    text.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateTextItem (asMaster, Name ("Text"), Wg::Icon (), "", false, Chance (rng, 85), false, Status (rng), false);
+    };
+    text.poke = [] (AttributeListSimpleItem& item, Rng& rng) { PokeText (As<AttributeListTextItem> (item), rng); };
+    text.read = [] (const AttributeListSimpleItem& item) { return As<AttributeListTextItem> (item).GetText ().ToUtf8 (); };
+    text.typing = [] (const AttributeListSimpleItem& item, Rng& rng) -> std::optional<ItemKind::Typing> {
+        const auto& textItem = As<AttributeListTextItem> (item);
+        if (textItem.GetAutoCustomHandling ()) return std::nullopt;
+        ItemKind::Typing typing;
+        const std::string typed = "typed" + std::to_string (Pick (rng, 100000));
+        typing.text = Kor::UniString (typed);
+        typing.expected = typed;
+        return typing;
+    };
+    kinds.push_back (text);
+
+    ItemKind tagged = text;
+    tagged.name = "TaggedText";
+    tagged.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        return new AttributeListTaggedTextItem (Name ("TaggedText"), Wg::Icon (), "tagged", false, Chance (rng, 85), false, Status (rng),
+                                                false, "tag");
+    };
+    tagged.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateTaggedTextItem (Name ("TaggedText"), Wg::Icon (), "", false, true, false, Status (rng), false,
+                                          Chance (rng, 50) ? ExtremeText (rng) : Kor::UniString ("tag"));
+    };
+    tagged.createInGroup = nullptr;
+    kinds.push_back (tagged);
+
+    ItemKind dictionary;
+    dictionary.name = "Dictionary";
+    dictionary.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        return new AttributeListDictionaryItem (Name ("Dictionary"), Wg::Icon (), "word", Status (rng), false);
+    };
+    dictionary.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateDictionaryItem (Name ("Dictionary"), Wg::Icon (), "", Status (rng), false);
+    };
+    dictionary.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateDictionaryItem (asMaster, Name ("Dictionary"), Wg::Icon (), "entry", Status (rng), false);
+    };
+    dictionary.poke = [] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& dict = As<AttributeListDictionaryItem> (item);
+        if (Chance (rng, 60))
+            dict.SetText (ExtremeText (rng));
+        else
+            PokeSelection (dict, rng);
+    };
+    dictionary.read = [] (const AttributeListSimpleItem& item) { return As<AttributeListDictionaryItem> (item).GetText ().ToUtf8 (); };
+    dictionary.typing = [] (const AttributeListSimpleItem&, Rng& rng) -> std::optional<ItemKind::Typing> {
+        ItemKind::Typing typing;
+        const std::string typed = "word" + std::to_string (Pick (rng, 100000));
+        typing.text = Kor::UniString (typed);
+        typing.expected = typed;
+        return typing;
+    };
+    kinds.push_back (dictionary);
+
+    kinds.push_back (RealKind<AttributeListRealItem, &AttributeList::CreateRealItem, &AttributeListGroupItem::CreateRealItem> ("Real", true));
+    kinds.push_back (
+        RealKind<AttributeListLengthItem, &AttributeList::CreateLengthItem, &AttributeListGroupItem::CreateLengthItem> ("Length", false));
+    kinds.push_back (RealKind<AttributeListAreaItem, &AttributeList::CreateAreaItem, &AttributeListGroupItem::CreateAreaItem> ("Area", false));
+    kinds.push_back (
+        RealKind<AttributeListVolumeItem, &AttributeList::CreateVolumeItem, &AttributeListGroupItem::CreateVolumeItem> ("Volume", false));
+    kinds.push_back (
+        RealKind<AttributeListAngleItem, &AttributeList::CreateAngleItem, &AttributeListGroupItem::CreateAngleItem> ("Angle", false));
+    {
+        ItemKind polar = RealKind<AttributeListPolarAngleItem, &AttributeList::CreateAngleItem, &AttributeListGroupItem::CreateAngleItem> (
+            "PolarAngle", false);
+        // Neither the list nor a group creates one: the caller always owns it.
+        polar.createInList = nullptr;
+        polar.createInGroup = nullptr;
+        kinds.push_back (polar);
+    }
+
+    ItemKind integer;
+    integer.name = "Int";
+    integer.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        const bool extreme = Chance (rng, 20);
+        return new AttributeListIntItem (Name ("Int"), Wg::Icon (), extreme ? ExtremeInt (rng) : IntLow, extreme ? ExtremeInt (rng) : IntHigh,
+                                         extreme ? ExtremeInt (rng) : Pick (rng, 100), Chance (rng, 85), Status (rng), false);
+    };
+    integer.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateIntItem (Name ("Int"), Wg::Icon (), IntLow, IntHigh, Pick (rng, 100), Chance (rng, 85), Status (rng), false);
+    };
+    integer.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateIntItem (asMaster, Name ("Int"), Wg::Icon (), IntLow, IntHigh, -Pick (rng, 100), Chance (rng, 85), Status (rng),
+                                    false);
+    };
+    integer.poke = [] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& intItem = As<AttributeListIntItem> (item);
+        switch (Pick (rng, 5)) {
+            case 0: intItem.SetValue (ExtremeInt (rng)); break;
+            case 1: intItem.SetMinValue (ExtremeInt (rng)); break;
+            case 2: intItem.SetMaxValue (ExtremeInt (rng)); break;
+            case 3: intItem.SetValue (ExtremeReal (rng)); break;
+            default: PokeSelection (intItem, rng); break;
+        }
+    };
+    integer.read = [] (const AttributeListSimpleItem& item) { return std::to_string (As<AttributeListIntItem> (item).GetValue ()); };
+    integer.typing = [] (const AttributeListSimpleItem& item, Rng& rng) -> std::optional<ItemKind::Typing> {
+        const auto& intItem = As<AttributeListIntItem> (item);
+        const long long low = std::max (intItem.GetMinValue (), IntLow), high = std::min (intItem.GetMaxValue (), IntHigh);
+        if (low >= high) return std::nullopt;
+        long long value = low + Pick (rng, static_cast<int> (high - low + 1));
+        if (value == intItem.GetValue ()) value = value == high ? low : value + 1;
+        ItemKind::Typing typing;
+        typing.text = Kor::UniString (std::to_string (value));
+        typing.expected = std::to_string (value);
+        return typing;
+    };
+    kinds.push_back (integer);
+
+    ItemKind check;
+    check.name = "Check";
+    check.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        return new AttributeListCheckItem (Name ("Check"), Wg::Icon (), Chance (rng, 50), "on", Status (rng), false);
+    };
+    check.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateCheckItem (Name ("Check"), Wg::Icon (), Chance (rng, 50), "", Status (rng), false);
+    };
+    check.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateCheckItem (asMaster, Name ("Check"), Wg::Icon (), Chance (rng, 50), "visible", Status (rng), false);
+    };
+    check.poke = [] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& checkItem = As<AttributeListCheckItem> (item);
+        switch (Pick (rng, 3)) {
+            case 0: checkItem.SetChecked (Chance (rng, 50)); break;
+            case 1: checkItem.SetCheckName (ExtremeText (rng)); break;
+            default: checkItem.InvertCheckAndNotify (); break;
+        }
+    };
+    check.read = [] (const AttributeListSimpleItem& item) { return std::string (As<AttributeListCheckItem> (item).IsChecked () ? "on" : "off"); };
+    kinds.push_back (check);
+
+    ItemKind button;
+    button.name = "Button";
+    button.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        return new AttributeListButtonItem (Name ("Button"), Wg::Icon (), "Apply", Status (rng), false);
+    };
+    button.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateButtonItem (Name ("Button"), Wg::Icon (), "Close", Status (rng), false);
+    };
+    button.poke = [] (AttributeListSimpleItem& item, Rng& rng) { As<AttributeListButtonItem> (item).SetButtonText (ExtremeText (rng)); };
+    kinds.push_back (button);
+
+    ItemKind iconButton;
+    iconButton.name = "IconButton";
+    iconButton.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        return new AttributeListIconButtonItem (Name ("IconButton"), Wg::Icon (), "text", "tag", Wg::Icon (), Status (rng), false);
+    };
+    iconButton.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateIconButtonItem (Name ("IconButton"), Wg::Icon (), "", "", Wg::Icon (), Status (rng), false);
+    };
+    iconButton.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateIconButtonItem (asMaster, Name ("IconButton"), Wg::Icon (), "t", "g", Wg::Icon (), Status (rng), false);
+    };
+    iconButton.poke = [] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& b = As<AttributeListIconButtonItem> (item);
+        switch (Pick (rng, 4)) {
+            case 0: b.SetText (ExtremeText (rng)); break;
+            case 1: b.SetTagText (ExtremeText (rng)); break;
+            case 2: b.SetButtonIcon (Wg::Icon ()); break;
+            default: b.SetButtonIconAlwaysActive (Chance (rng, 50)); break;
+        }
+    };
+    kinds.push_back (iconButton);
+
+    ItemKind info;
+    info.name = "Info";
+    info.make = [] (Rng& rng) -> AttributeListSimpleItem* { return new AttributeListInfoItem (Name ("Info"), Wg::Icon (), Status (rng), false); };
+    info.poke = [] (AttributeListSimpleItem& item, Rng& rng) { As<AttributeListInfoItem> (item).SetAttributeInfoText (ExtremeText (rng)); };
+    kinds.push_back (info);
+
+    ItemKind separator;
+    separator.name = "Separator";
+    separator.make = [] (Rng&) -> AttributeListSimpleItem* { return new AttributeListSeparatorItem (); };
+    separator.createInList = [] (AttributeList& list, Rng&) -> AttributeListSimpleItem* { return list.CreateSeparatorItem (); };
+    separator.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng&) -> AttributeListSimpleItem* {
+        // A separator is never a master.
+        return asMaster ? nullptr : group.CreateSeparatorItem ();
+    };
+    separator.poke = [] (AttributeListSimpleItem&, Rng&) {};
+    kinds.push_back (separator);
+
+    return kinds;
+}
+
+}   // namespace
+
+const std::vector<ItemKind>& ItemKinds ()
+{
+    static const std::vector<ItemKind> kinds = MakeKinds ();
+    return kinds;
+}
+
+}   // namespace TxALFuzz
