@@ -495,7 +495,11 @@ RunResult Play (std::uint64_t seed, const std::vector<Step>& steps, const std::v
             }
             Wg::GetHeadlessModalRunner ().ClearScript ();
             std::string broken = world.failure.empty () ? world.CheckInvariants () : world.failure;
-            world.Sweep ();
+            try {
+                world.Sweep ();
+            } catch (const std::exception&) {
+                ++result.exceptions;
+            }
             if (!broken.empty ()) {
                 result.failed = true;
                 result.failedStep = static_cast<int> (i);

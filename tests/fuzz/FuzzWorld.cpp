@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 #include <stdexcept>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "Wg/ListBox.hpp"
 
@@ -19,9 +21,10 @@ constexpr short ListY = 10;
 constexpr short ListWidth = 445;
 constexpr short ListHeight = 200;
 constexpr short SecondListY = 260;
-constexpr int   HugeTextLength = 20000;
+constexpr int   HugeTextLength = 5000;
 constexpr int   GroupsPerList = 3;
 constexpr int   LooseItemsPerList = 4;
+constexpr int   MaxLooseItems = 16;
 
 }   // namespace
 
@@ -460,44 +463,86 @@ void World::ResetChanges ()
 
 void World::Sweep ()
 {
+    std::unordered_set<const AttributeListItem*> placed;
+    for (const auto& list : lists)
+        if (list != nullptr)
+            for (AttributeListItem* item : list->GetItems ()) placed.insert (item);
+    for (const auto& t : tracked) {
+        if (!t->alive || t->kind >= 0) continue;
+        auto* group = static_cast<AttributeListGroupItem*> (t->item);
+        for (AttributeListSimpleItem* child : group->EnumerateItems ()) placed.insert (child);
+        if (group->GetMasterItem () != nullptr) placed.insert (group->GetMasterItem ());
+    }
     // An own-created item released without deletion (DeleteListItem or DeleteItem without
-    // deleting, ReplaceItem's old item) is back in the caller's hands.
-    for (auto& t : tracked)
-        if (t->alive && t->callerOwned == nullptr && GroupOf (t->item) == nullptr && ListOf (t->item) == nullptr)
-            t->callerOwned.reset (t->item);
+    // deleting, ReplaceItem's old item) is back in the caller's hands. Of the items that stand
+    // nowhere, the oldest go, so that the world stays small.
+    int loose = 0;
+    for (auto it = tracked.rbegin (); it != tracked.rend (); ++it) {
+        Tracked& t = **it;
+        if (!t.alive || placed.contains (t.item)) continue;
+        if (t.callerOwned == nullptr) t.callerOwned.reset (t.item);
+        if (++loose > MaxLooseItems) DestroyOwned (t);
+    }
     std::erase_if (tracked, [] (const std::unique_ptr<Tracked>& t) { return !t->alive && t->callerOwned == nullptr; });
 }
 
 // --- Checks ---
 
+struct World::Census {
+    std::unordered_set<const AttributeListItem*>                          alive;
+    std::unordered_map<const AttributeListItem*, const AttributeList*>   listOf;
+};
+
 std::string World::CheckInvariants ()
 {
+    // Where each item stands and which items live, gathered once per check.
+    Census census;
+    for (const auto& t : tracked)
+        if (t->alive) census.alive.insert (t->item);
+    for (const auto& list : lists) {
+        if (list == nullptr) continue;
+        for (AttributeListItem* item : list->GetItems ()) {
+            census.listOf.emplace (item, list.get ());
+            const auto* group = dynamic_cast<const AttributeListGroupItem*> (item);
+            if (group == nullptr || !census.alive.contains (item)) continue;
+            for (AttributeListSimpleItem* child : group->EnumerateItems ()) census.listOf.emplace (child, list.get ());
+            if (group->GetMasterItem () != nullptr) census.listOf.emplace (group->GetMasterItem (), list.get ());
+        }
+    }
     for (int i = 0; i < ListCount; ++i) {
         if (lists[i] == nullptr) continue;
-        std::string broken = CheckList (i);
+        std::string broken = CheckList (i, census);
         if (!broken.empty ()) return "list " + std::to_string (i) + ": " + broken;
     }
     return {};
 }
 
-std::string World::CheckList (int index)
+std::string World::CheckList (int index, const Census& census)
 {
     AttributeList& list = *lists[index];
     Wg::ListBox&   box = list.GetListBox ();
-    const auto&    items = list.GetItems ();
+    const auto     listOf = [&census] (const AttributeListItem* item) {
+        auto it = census.listOf.find (item);
+        return it != census.listOf.end () ? it->second : nullptr;
+    };
+    const auto& items = list.GetItems ();
     for (std::uint32_t i = 0; i < items.GetSize (); ++i)
-        if (!IsAlive (items[i])) return "item " + std::to_string (i) + " of the list is dead";
+        if (!census.alive.contains (items[i])) return "item " + std::to_string (i) + " of the list is dead";
 
-    // Each row stands for a live item of this list, and each of its cells can be read.
+    // Each row stands for a live item of this list, and each cell of the rows in view can be
+    // read as automated testing reads it.
+    const short firstInView = box.GetScrollPosition ();
+    const short lastInView = static_cast<short> (firstInView + box.GetVisibleRowCount ());
     std::size_t textLength = 0;
     for (short row = 1; row <= box.GetItemCount (); ++row) {
         const auto* item = static_cast<const AttributeListItem*> (box.GetItemValue (row));
         if (item == nullptr) continue;
-        if (!IsAlive (item)) return "row " + std::to_string (row) + " stands for a dead item";
-        if (ListOf (item) != &list) return "row " + std::to_string (row) + " stands for an item of no or another list";
+        if (!census.alive.contains (item)) return "row " + std::to_string (row) + " stands for a dead item";
+        if (listOf (item) != &list) return "row " + std::to_string (row) + " stands for an item of no or another list";
+        if (row < firstInView || row > lastInView) continue;
         for (short column = 1; column <= box.GetTabFieldCount (); ++column) {
-            textLength += box.GetTabItemText (row, column).ToUtf8 ().size ();
-            textLength += AttributeList::GetDrawnTextContentForKorAT (panel.GetId (), box.GetId (), row, column).ToUtf8 ().size ();
+            textLength += box.GetTabItemText (row, column).GetLength ();
+            textLength += AttributeList::GetDrawnTextContentForKorAT (panel.GetId (), box.GetId (), row, column).GetLength ();
         }
     }
     (void) textLength;
@@ -507,14 +552,14 @@ std::string World::CheckList (int index)
     if (selectedRow > box.GetItemCount ()) return "the selected row " + std::to_string (selectedRow) + " does not exist";
     AttributeListItem* selected = list.GetSelectedItem ();
     if (selected != nullptr) {
-        if (!IsAlive (selected)) return "the selected item is dead";
-        if (ListOf (selected) != &list) return "the selected item is not in the list";
+        if (!census.alive.contains (selected)) return "the selected item is dead";
+        if (listOf (selected) != &list) return "the selected item is not in the list";
     }
     if (IsOn (Switch::HiddenSelection)) {
-        for (auto& t : tracked) {
-            if (!t->alive || ListOf (t->item) != &list) continue;
-            if (t->item->IsSelected () && t->item != selected)
-                return "'" + t->item->GetName ().ToUtf8 ().substr (0, 20) + "' believes it is selected, but the selected row is " +
+        for (const auto& [item, owner] : census.listOf) {
+            if (owner != &list || !census.alive.contains (item)) continue;
+            if (item->IsSelected () && item != selected)
+                return "'" + item->GetName ().ToUtf8 ().substr (0, 20) + "' believes it is selected, but the selected row is " +
                        std::to_string (selectedRow);
         }
     }

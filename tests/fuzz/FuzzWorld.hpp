@@ -150,7 +150,8 @@ public:
     std::uint64_t exceptions = 0;
 
 private:
-    std::string CheckList (int index);
+    struct Census;
+    std::string CheckList (int index, const Census& census);
 
     Wg::Panel                                    panel;
     std::array<std::unique_ptr<AttributeList>, ListCount> lists;
