@@ -28,7 +28,7 @@ using namespace TxALFuzz;
 constexpr int  DefaultSeeds = 4;
 constexpr int  DefaultSteps = 2000;
 constexpr int  InvariantExit = 3;
-constexpr int  MaxShrinkReplays = 3000;
+constexpr int  MaxShrinkReplays = 400;
 constexpr std::size_t MessageSize = 1024;
 
 struct Options {

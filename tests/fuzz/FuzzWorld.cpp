@@ -26,6 +26,19 @@ constexpr int   GroupsPerList = 3;
 constexpr int   LooseItemsPerList = 4;
 constexpr int   MaxLooseItems = 16;
 
+// Counts the factories running: a Create…Item whose list an observer destroys or clears while
+// it runs hands back an item that is gone, so observers keep still meanwhile.
+class CreationScope {
+public:
+    explicit CreationScope (int& depth) : depth (depth) { ++depth; }
+    ~CreationScope () { --depth; }
+    CreationScope (const CreationScope&) = delete;
+    CreationScope& operator= (const CreationScope&) = delete;
+
+private:
+    int& depth;
+};
+
 }   // namespace
 
 int Pick (Rng& rng, int count)
@@ -80,6 +93,7 @@ public:
 
     int      changes = 0;
     Mischief armed = Mischief::None;
+    bool     deaf = false;   // detached itself: hears nothing more
 
     Kor::UniString AttributeListItemToolTipRequested (const AttributeListItem&) override
     {
@@ -107,10 +121,13 @@ private:
     }
     void Heard ()
     {
+        // While the world runs a factory, the item it returns must still be there afterwards.
+        if (world.creating > 0) return;
         const Mischief now = armed;
         armed = Mischief::None;
         if (now == Mischief::DetachSelf) {
             item->AttributeListItem::Detach (*this);
+            deaf = true;
             return;
         }
         if (now != Mischief::None) world.DoMischief (now, item, world.ListOf (item));
@@ -147,7 +164,7 @@ private:
     void Heard (const AttributeList& list)
     {
         const int index = world.IndexOf (&list);
-        if (index < 0) return;
+        if (index < 0 || world.creating > 0) return;
         const Mischief now = world.listMischief[index];
         world.listMischief[index] = Mischief::None;
         if (now == Mischief::DetachSelf) {
@@ -269,6 +286,7 @@ AttributeListSimpleItem* World::CreateInList (AttributeList& list, int kind, Rng
     }
     AttributeListSimpleItem* item = nullptr;
     try {
+        const CreationScope scope (creating);
         item = k.createInList (list, r);
     } catch (...) {
         TrackUntracked (kind);
@@ -291,6 +309,7 @@ AttributeListSimpleItem* World::CreateInGroup (AttributeListGroupItem& group, in
     }
     AttributeListSimpleItem* item = nullptr;
     try {
+        const CreationScope scope (creating);
         item = k.createInGroup (group, asMaster, r);
     } catch (...) {
         TrackUntracked (kind);
@@ -306,6 +325,7 @@ AttributeListGroupItem* World::MakeGroup (AttributeList& list, Rng& r)
     AttributeListGroupItem* group = nullptr;
     if (Chance (r, 50)) {
         try {
+            const CreationScope scope (creating);
             group = list.CreateGroup (name, Wg::Icon (), Chance (r, 60), Chance (r, 85));
         } catch (...) {
             TrackUntracked (-1);
@@ -421,7 +441,7 @@ void World::Arm (AttributeListItem& item, Mischief mischief)
 bool World::IsArmed (const AttributeListItem& item)
 {
     Tracked* t = Find (&item);
-    return t != nullptr && t->spy->armed != Mischief::None;
+    return t != nullptr && (t->spy->armed != Mischief::None || t->spy->deaf);
 }
 
 void World::ArmList (int index, Mischief mischief)

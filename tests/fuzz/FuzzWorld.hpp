@@ -129,6 +129,7 @@ public:
     void DestroyOwned (Tracked& tracked);
 
     void Arm (AttributeListItem& item, Mischief mischief);
+    // Whether the item's observer is armed or has detached itself (its counts are off).
     bool IsArmed (const AttributeListItem& item);
     void ArmList (int index, Mischief mischief);
     void DoMischief (Mischief mischief, AttributeListItem* item, AttributeList* list);
@@ -146,8 +147,8 @@ public:
     // Drops the records of items that are gone (at the end of a step).
     void Sweep ();
 
-    std::uint64_t assertionReports = 0;
-    std::uint64_t exceptions = 0;
+    // Factories running now; observers keep still meanwhile.
+    int creating = 0;
 
 private:
     struct Census;
