@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "Kor/Assert.hpp"
+#include "Pk/PopupControl.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 #include "Wg/Key.hpp"
 #include "Wg/ModalRunner.hpp"
@@ -130,30 +131,28 @@ void MoveFocus (World& world, Rng& rng)
     }
 }
 
-// Presses whatever control of the selected row stands on the list box.
+// The in-place controls a user presses, and how. A new control joins with one line.
+struct PressableControl {
+    Wg::Item& (*get) (TxAL::OnTabItems& controls);
+    void (*press) (Wg::Item& control);
+};
+
+const PressableControl pressableControls[] = {
+    {[] (TxAL::OnTabItems& c) -> Wg::Item& { return c.GetPopupControl (); }, [] (Wg::Item& i) { static_cast<Pk::PopupControl&> (i).UserPress (); }},
+    {[] (TxAL::OnTabItems& c) -> Wg::Item& { return c.GetIconColumnPopup (); }, [] (Wg::Item& i) { static_cast<Pk::PopupControl&> (i).UserPress (); }},
+    {[] (TxAL::OnTabItems& c) -> Wg::Item& { return c.GetButton (); }, [] (Wg::Item& i) { static_cast<Wg::ButtonItem&> (i).UserPress (); }},
+    {[] (TxAL::OnTabItems& c) -> Wg::Item& { return c.GetIconButton (); }, [] (Wg::Item& i) { static_cast<Wg::ButtonItem&> (i).UserPress (); }},
+    {[] (TxAL::OnTabItems& c) -> Wg::Item& { return c.GetCheckBox (); }, [] (Wg::Item& i) { static_cast<Wg::PushCheck&> (i).UserPress (); }},
+};
+
+// Presses a control of the selected row, when it stands on the list box; popups get a script.
 void PressControl (World& world, Rng& rng)
 {
-    AttributeList&    list = *world.AnyList (rng);
-    TxAL::OnTabItems& c = list.GetOnTabItems ();
-    Wg::ListBox&      box = list.GetListBox ();
+    AttributeList&          list = *world.AnyList (rng);
+    const PressableControl& entry = pressableControls[Pick (rng, static_cast<int> (std::size (pressableControls)))];
+    Wg::Item&               control = entry.get (list.GetOnTabItems ());
     QueuePopupSteps (rng);
-    switch (Pick (rng, 5)) {
-        case 0:
-            if (box.IsOnTabItem (c.GetPopupControl ())) c.GetPopupControl ().UserPress ();
-            break;
-        case 1:
-            if (box.IsOnTabItem (c.GetIconColumnPopup ())) c.GetIconColumnPopup ().UserPress ();
-            break;
-        case 2:
-            if (box.IsOnTabItem (c.GetButton ())) c.GetButton ().UserPress ();
-            break;
-        case 3:
-            if (box.IsOnTabItem (c.GetIconButton ())) c.GetIconButton ().UserPress ();
-            break;
-        default:
-            if (box.IsOnTabItem (c.GetCheckBox ())) c.GetCheckBox ().UserPress ();
-            break;
-    }
+    if (list.GetListBox ().IsOnTabItem (control)) entry.press (control);
 }
 
 void ScrollOrSelect (World& world, Rng& rng)
