@@ -28,7 +28,7 @@ test-sanitize: deps
 SEEDS      ?= 20
 STEPS      ?= 5000
 FIRST_SEED ?= 1
-FUZZ_OFF   ?= misuse,disabled-typing,typing-focus
+FUZZ_OFF   ?= misuse,disabled-typing,typing-focus,hidden-selection
 
 fuzz: deps
 	cmake --preset sanitize
