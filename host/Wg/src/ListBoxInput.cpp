@@ -36,6 +36,8 @@ bool ListBox::Impl::SetSelected (short row)
         if (alive.IsGone () || row == selected || (row != NoRow && !IsRow (row))) return false;
         while (!onTabItems.empty ()) RemoveOnTabEntry (onTabItems.size () - 1, true);
     }
+    // A commit before this call (the user's click moves the focus first) may have taken the row.
+    if (row != NoRow && !IsRow (row)) return false;
     selected = row;
     Notify (Aspect::Selection, selected);
     return true;

@@ -177,6 +177,33 @@ TEST_F (ListBoxTest, ClickOnAnotherRowCommitsThenMovesTheEditingControl)
     EXPECT_TRUE (listBox.IsFocused ());
 }
 
+TEST_F (ListBoxTest, ACommitThatTakesTheRowsLeavesNothingSelected)
+{
+    ListBox listBox (panel, Rect (0, 0, 200, 100));
+    listBox.SetTabFieldCount (2);
+    Fill (listBox, 3);
+    // The edit's owner rebuilds the list box with one row when the typing is committed.
+    struct RebuildingEdit : FakeEdit {
+        RebuildingEdit (const Wg::Panel& panel, ListBox& listBox) : FakeEdit (panel, 60, 16), listBox (listBox) {}
+        void FocusChanged (bool gained) override
+        {
+            if (gained) return;
+            listBox.RemoveAllOnTabItems ();
+            listBox.DeleteAllItems ();
+            Fill (listBox, 1);
+        }
+        ListBox& listBox;
+    };
+    RebuildingEdit edit (panel, listBox);
+    listBox.SelectItem (1);
+    listBox.SetOnTabItem (2, edit);
+    edit.SetFocus ();
+
+    listBox.Click (3, Point (60, 3));
+    EXPECT_EQ (Rows (listBox), "1:r1|");
+    EXPECT_EQ (listBox.GetSelectedItem (), 0);
+}
+
 TEST_F (ListBoxTest, ObserverDestroyingTheListBoxEndsTheClick)
 {
     auto listBox = std::make_unique<ListBox> (panel, Rect (0, 0, 200, 100));
