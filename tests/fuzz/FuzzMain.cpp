@@ -183,6 +183,23 @@ std::vector<int> Shrink (std::uint64_t seed, const std::vector<Step>& all, std::
                          const std::string& signature)
 {
     int replays = 0;
+    // First whole kinds of action go, which often leaves few steps for the finer search.
+    for (bool reduced = true; reduced;) {
+        reduced = false;
+        for (std::size_t kind = 0; kind < ActionKinds ().size (); ++kind) {
+            std::vector<int> rest;
+            for (int index : indices)
+                if (all[index].action != kind) rest.push_back (index);
+            if (rest.size () == indices.size () || rest.empty ()) continue;
+            ++replays;
+            const Outcome outcome = Replay (seed, Select (all, rest), options, true);
+            if (outcome.failed && Signature (outcome.message) == signature) {
+                if (outcome.step >= 0 && outcome.step + 1 < static_cast<int> (rest.size ())) rest.resize (outcome.step + 1);
+                indices = rest;
+                reduced = true;
+            }
+        }
+    }
     std::size_t chunks = 2;
     while (indices.size () >= 2 && replays < MaxShrinkReplays) {
         const std::size_t chunkSize = (indices.size () + chunks - 1) / chunks;
