@@ -44,6 +44,7 @@ const std::pair<const char*, Switch> switchNames[] = {
     {"throwing", Switch::Throwing},           {"destroying", Switch::Destroying},
     {"misuse", Switch::Misuse},               {"disabled-typing", Switch::DisabledTyping},
     {"hidden-selection", Switch::HiddenSelection}, {"typing-focus", Switch::TypingFocus},
+    {"typed-read-back", Switch::TypedReadBack},
 };
 
 std::vector<int> ParseList (const char* text)
@@ -250,7 +251,7 @@ int main (int argc, char** argv)
     if (!Parse (argc, argv, options)) {
         std::fprintf (stderr,
                       "usage: %s [--seeds N] [--first-seed S] [--steps M] [--off SWITCH,...] [--only I,J,...] [--no-fork]\n"
-                      "switches: throwing destroying misuse disabled-typing hidden-selection typing-focus\n",
+                      "switches: throwing destroying misuse disabled-typing hidden-selection typing-focus typed-read-back\n",
                       argv[0]);
         return 2;
     }

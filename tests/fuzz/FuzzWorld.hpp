@@ -44,6 +44,7 @@ enum class Switch : std::uint8_t {
     DisabledTyping,  // a disabled row must take no user change
     HiddenSelection, // an item without a row never believes it is selected
     TypingFocus,     // keystrokes typed one by one into a list with editable names
+    TypedReadBack,   // a typed and confirmed value reads back as typed
 };
 
 // What an armed observer does at the next notification it hears, then disarms.
