@@ -284,7 +284,8 @@ void AddItem (World& world, Rng& rng)
                 world.CreateInGroup (static_cast<AttributeListGroupItem&> (*g->item), kind, Chance (rng, 20), rng);
             break;
     }
-    if (Chance (rng, 50)) list.FullRefreshList (Chance (rng, 50));
+    // An observer may have destroyed the list meanwhile.
+    if (world.IndexOf (&list) >= 0 && Chance (rng, 50)) list.FullRefreshList (Chance (rng, 50));
 }
 
 void ChangeGroup (World& world, Rng& rng)

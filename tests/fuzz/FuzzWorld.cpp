@@ -280,6 +280,7 @@ AttributeListSimpleItem* World::CreateInList (AttributeList& list, int kind, Rng
 {
     const ItemKind& k = ItemKinds ()[kind];
     if (!k.createInList) {
+        const CreationScope      scope (creating);
         AttributeListSimpleItem* item = MakeItem (kind, r);
         list.AddListItem (item);
         return item;
@@ -300,6 +301,7 @@ AttributeListSimpleItem* World::CreateInGroup (AttributeListGroupItem& group, in
 {
     const ItemKind& k = ItemKinds ()[kind];
     if (!k.createInGroup || Chance (r, 40)) {
+        const CreationScope      scope (creating);
         AttributeListSimpleItem* item = MakeItem (kind, r);
         if (asMaster)
             group.AddMasterItem (item);
@@ -333,6 +335,7 @@ AttributeListGroupItem* World::MakeGroup (AttributeList& list, Rng& r)
         }
         Track (group, -1, false);
     } else {
+        const CreationScope scope (creating);
         group = new AttributeListGroupItem ();
         group->SetName (name);
         Track (group, -1, true);
@@ -346,6 +349,7 @@ void World::Populate (AttributeList& list, Rng& r)
 {
     const int kinds = static_cast<int> (ItemKinds ().size ());
     int next = Pick (r, kinds);
+    const CreationScope scope (creating);
     list.DisableUpdate ();
     for (int g = 0; g < GroupsPerList; ++g) {
         AttributeListGroupItem* group = MakeGroup (list, r);
