@@ -297,7 +297,10 @@ void AttributeList::DisableAllItems ()
     DisableUpdate ();
     for (AttributeListItem* item : items) item->SetStatus (false);
     EnableUpdate ();
+    // The refresh tells observers, which may destroy the list.
+    Kor::LifeWatch alive (*this);
     FullRefreshList (true);
+    if (alive.IsGone ()) return;
     const short count = listBox->GetItemCount ();
     for (short row = 1; row > 0 && row <= count; ++row) listBox->DisableItem (row);
 }
@@ -312,7 +315,9 @@ bool AttributeList::EnableAllItems ()
         changed = true;
     }
     EnableUpdate ();
+    Kor::LifeWatch alive (*this);
     FullRefreshList (true);
+    if (alive.IsGone ()) return changed;
     const short count = listBox->GetItemCount ();
     for (short row = 1; row > 0 && row <= count; ++row) {
         if (listBox->IsItemEnabled (row)) continue;

@@ -231,6 +231,29 @@ TEST_F (RowsTest, ARefreshRedrawsOnlyTheItemsOwnRow)
     EXPECT_EQ (h.Rows (), "1:A2|1~ 2:Len|1.000 m 3:▾G|5.000 m 4:  Child");
 }
 
+TEST_F (RowsTest, EnablingOrDisablingAllItemsEndsWhenTheRefreshDestroysTheList)
+{
+    CountedItem late[2] = {CountedItem ("L1"), CountedItem ("L2")};
+    for (const bool enable : {false, true}) {
+        if (h.list == nullptr) {
+            h.list = std::make_unique<TestList> (h.panel, 10, 10, 445, 200);
+            h.list->AddListItem (a);
+            h.list->FullRefreshList (true);
+        }
+        // Added without a rebuild: the refresh changes the row count and tells the observers.
+        h.list->AddListItem (enable ? late[1] : late[0]);
+        CallLog log;
+        log.Watch (*h.list);
+        log.onCall = [&] (const std::string&, const AttributeListItem*) { h.list.reset (); };
+        if (enable)
+            h.list->EnableAllItems ();
+        else
+            h.list->DisableAllItems ();
+        EXPECT_EQ (h.list, nullptr);
+        EXPECT_FALSE (a.InList ());
+    }
+}
+
 TEST_F (RowsTest, NoRefreshDuringABatchOnAHiddenItemOrOnAHiddenList)
 {
     h.list->DisableUpdate ();
