@@ -1,5 +1,7 @@
 #include "Wg/Item.hpp"
 
+#include "Kor/LifeWatch.hpp"
+
 #include "Wg/Panel.hpp"
 
 namespace Wg {
@@ -68,8 +70,13 @@ void Item::SetVisibility (bool show)
 {
     if (show == visible) return;
     visible = show;
-    // A hidden item cannot keep the focus.
-    if (!visible && IsFocused ()) panel->SetFocusedItem (nullptr);
+    // A hidden item cannot keep the focus. Losing it commits typing, whose observers may
+    // destroy the item.
+    if (!visible && IsFocused ()) {
+        Kor::LifeWatch alive (*this);
+        panel->SetFocusedItem (nullptr);
+        if (alive.IsGone ()) return;
+    }
     NotifyPeer (Aspect::Visibility);
     VisibilityChanged ();
 }

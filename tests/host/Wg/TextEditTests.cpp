@@ -268,6 +268,20 @@ TEST_F (TextEditTest, ObserverMayDetachOrDestroyTheEditWhileItNotifies)
     EXPECT_EQ (doomed, nullptr);
     EXPECT_TRUE (other.IsFocused ());
     EXPECT_EQ (TakeLog (), "-focus +focus Text:ab");
+
+    // Destroyed by the commit that hiding it makes: nothing more happens to it.
+    doomed = std::make_unique<Wg::TextEdit> (panel, Wg::Rect (0, 60, 100, 80));
+    doomed->Attach (recorder);
+    doomed->SetAutoUpdate (false);
+    doomed->SetFocus ();
+    doomed->UserType ("cd");
+    recorder.action = [&] {
+        if (log.find ("Text:cd") != std::string::npos) doomed.reset ();
+    };
+    doomed->Hide ();
+    EXPECT_EQ (doomed, nullptr);
+    EXPECT_EQ (panel.GetFocusedItem (), nullptr);
+    EXPECT_EQ (TakeLog (), "+focus Text:cd");
 }
 
 }   // namespace
