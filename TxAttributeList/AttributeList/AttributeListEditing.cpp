@@ -388,10 +388,13 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
         const bool isSlider = false;   // FIXME: slider rows step their value with the modifier held once slider items exist.
         if (isSlider) return popupModifier ? Wg::KeyHandled : Wg::KeyNotHandled;
         if (group != nullptr) {
+            // The rebuild tells observers, which may destroy the list.
+            Kor::LifeWatch alive (*this);
             if (code == Wg::Key::Right)
                 group->Expand ();
             else
                 group->Collapse ();
+            if (alive.IsGone ()) return Wg::KeyHandled;
         }
         // Without the modifier an edit keeps the arrow for its caret.
         if (IsEditControlFocused ()) return popupModifier ? Wg::KeyHandled : Wg::KeyNotHandled;

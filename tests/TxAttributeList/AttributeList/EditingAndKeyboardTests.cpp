@@ -316,6 +316,18 @@ TEST_F (KeyboardTest, LeftAndRightFoldOnlyGroupRows)
     EXPECT_EQ (h.Rows (), "1:A 2:B~ 3:▾G 4:  L|1.000 m 5:  K|[ ] 6:S 7:Z~");
 }
 
+TEST_F (KeyboardTest, FoldingEndsWhenAnObserverDestroysTheList)
+{
+    h.ClickColumn (3, 3);
+    // The row count changes with each fold; the first observer to hear of it closes the list.
+    log.onCall = [&] (const std::string& call, const AttributeListItem*) {
+        if (call == "Height") h.list.reset ();
+    };
+    EXPECT_TRUE (h.Key (Wg::Key::Left));
+    EXPECT_EQ (h.list, nullptr);
+    EXPECT_FALSE (a.InList ());
+}
+
 TEST_F (KeyboardTest, WithAnEditFocusedSideArrowsGoToTheEditUnlessThePopupModifierIsHeld)
 {
     auto* text = h.list->CreateTextItem ("T", NoIcon, "", false, true, false, true, false);
