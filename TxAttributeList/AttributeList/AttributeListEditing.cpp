@@ -126,7 +126,9 @@ void AttributeList::SelectItem (AttributeListItem* item, bool setFocus)
 void AttributeList::RemoveOnTabItemsFromAllColumns ()
 {
     const short count = listBox->GetTabFieldCount ();
-    for (short column = 1; column <= count; ++column) listBox->RemoveOnTabItem (column);
+    // Removing a focused control commits its typing, whose observers may destroy the list.
+    Kor::LifeWatch alive (*this);
+    for (short column = 1; column <= count && alive.IsAlive (); ++column) listBox->RemoveOnTabItem (column);
 }
 
 void AttributeList::CommitEditing ()
@@ -359,11 +361,16 @@ Wg::KeyResult AttributeList::MoveSelection (short step)
     while (row >= 1 && row <= count && !listBox->IsItemEnabled (row)) row = static_cast<short> (row + step);
     if (row < 1 || row > count || !listBox->IsItemEnabled (row)) return Wg::KeyHandled;
 
+    // Taking the controls away commits the typing, whose observers may destroy the list or
+    // rebuild its rows.
+    Kor::LifeWatch alive (*this);
     RemoveOnTabItemsFromAllColumns ();
+    if (alive.IsGone () || row > listBox->GetItemCount ()) return Wg::KeyHandled;
     listBox->SelectItem (row);
     // The list box hides on-tab items of a row out of view, and a hidden edit takes no focus.
     listBox->ScrollIntoView (row);
-    if (SetOnTabItems ()) SetFocusToEditControl ();
+    if (SetOnTabItems () && alive.IsAlive ()) SetFocusToEditControl ();
+    if (alive.IsGone ()) return Wg::KeyHandled;
     NotifySelectionChanged ();
     return Wg::KeyHandled;
 }

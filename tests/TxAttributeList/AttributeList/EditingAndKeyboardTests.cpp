@@ -239,6 +239,18 @@ TEST_F (CommitTest, ArrowKeysCommitWhatWasTypedAndKeepTheKeyboardInTheList)
     EXPECT_EQ (h.Controls (), "sel=2 4:LengthEdit focus=LengthEdit");
 }
 
+TEST_F (CommitTest, AnArrowKeyWhoseCommitDestroysTheListEndsThere)
+{
+    h.ClickColumn (1, 4);
+    LengthEdit ().UserType ("5");
+    log.onCall = [&] (const std::string& call, const AttributeListItem*) {
+        if (call == "ValueChanged") h.list.reset ();
+    };
+    EXPECT_TRUE (h.Key (Wg::Key::Down));
+    EXPECT_EQ (h.list, nullptr);
+    EXPECT_EQ (log.Take (), "ValueChanged(A) Destroyed Destroyed");
+}
+
 TEST_F (CommitTest, DestroyingTheListCommitsWhatWasTypedToItsItem)
 {
     TxAL::AttributeListLengthItem kept ("Kept", NoIcon, 0, 10, 1, true, true, false);
