@@ -65,8 +65,8 @@ TEST_F (UserChangeRulesTest, ADisabledRowTakesNoUserChange)
     auto* choice = h.list->CreateSelectionItem ("Choice", NoIcon, false, false);
     choice->AddItem (Entry ("One"));
     choice->AddItem (Entry ("Two"));
-    auto* button = h.list->CreateButtonItem ("Button", NoIcon, "Press", false, false);
-    auto* enabled = h.list->CreateRealItem ("Enabled", NoIcon, 0, 100, 5, true, true, false);
+    h.list->CreateButtonItem ("Button", NoIcon, "Press", false, false);
+    h.list->CreateRealItem ("Enabled", NoIcon, 0, 100, 5, true, true, false);
     for (AttributeListItem* item : h.list->GetItems ()) log.Watch (*item);
     TxAL::OnTabItems& c = h.list->GetOnTabItems ();
 
