@@ -43,6 +43,9 @@ class AttributeListSelectionItem : public AttributeListSimpleItem {
 public:
     AttributeListSelectionItem (const Kor::UniString& name, const Wg::Icon& icon, bool status, bool boldText);
 
+    // The typed overloads below would hide these.
+    using AttributeListSimpleItem::Attach;
+    using AttributeListSimpleItem::Detach;
     void Attach (AttributeListSelectionItemObserver& observer) { Kor::EventSource::Attach (observer); }
     void Detach (AttributeListSelectionItemObserver& observer) { Kor::EventSource::Detach (observer); }
 

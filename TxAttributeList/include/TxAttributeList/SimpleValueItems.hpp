@@ -48,6 +48,9 @@ public:
     AttributeListCheckItem (const Kor::UniString& name, const Wg::Icon& icon, bool checked, const Kor::UniString& checkName, bool status,
                             bool boldText);
 
+    // The typed overloads below would hide these.
+    using AttributeListSimpleItem::Attach;
+    using AttributeListSimpleItem::Detach;
     void Attach (AttributeListCheckItemObserver& observer) { Kor::EventSource::Attach (observer); }
     void Detach (AttributeListCheckItemObserver& observer) { Kor::EventSource::Detach (observer); }
 
@@ -81,6 +84,9 @@ class AttributeListButtonItem : public AttributeListSimpleItem {
 public:
     AttributeListButtonItem (const Kor::UniString& name, const Wg::Icon& icon, const Kor::UniString& buttonText, bool status, bool boldText);
 
+    // The typed overloads below would hide these.
+    using AttributeListSimpleItem::Attach;
+    using AttributeListSimpleItem::Detach;
     void Attach (AttributeListButtonItemObserver& observer) { Kor::EventSource::Attach (observer); }
     void Detach (AttributeListButtonItemObserver& observer) { Kor::EventSource::Detach (observer); }
 
@@ -101,6 +107,9 @@ public:
     AttributeListIconButtonItem (const Kor::UniString& name, const Wg::Icon& icon, const Kor::UniString& text, const Kor::UniString& tagText,
                                  const Wg::Icon& buttonIcon, bool status, bool boldText);
 
+    // The typed overloads below would hide these.
+    using AttributeListSimpleItem::Attach;
+    using AttributeListSimpleItem::Detach;
     void Attach (AttributeListIconButtonItemObserver& observer) { Kor::EventSource::Attach (observer); }
     void Detach (AttributeListIconButtonItemObserver& observer) { Kor::EventSource::Detach (observer); }
 
