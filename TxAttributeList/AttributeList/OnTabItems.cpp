@@ -10,7 +10,7 @@ namespace {
 const Wg::Rect NoRect (0, 0, 0, 0);
 
 template <typename Class>
-constexpr bool IsEditClass = std::is_base_of_v<Wg::NumberEditBase, Class> || std::is_base_of_v<Wg::TextEdit, Class>;
+constexpr bool IsEditClass = std::is_base_of_v<Wg::TypingEdit, Class>;
 
 void CollectRealEdit (std::vector<Wg::RealEdit*>& edits, Wg::RealEdit& edit)
 {
