@@ -39,7 +39,8 @@ OnTabItems::OnTabItems (const Wg::Panel& panel, short textEditMaxLength, bool ed
     std::vector<const Control*> focusable;
     for (const Control& control : controls)
         if (control.focusRank != NoFocus) focusable.push_back (&control);
-    std::stable_sort (focusable.begin (), focusable.end (), [] (const Control* a, const Control* b) { return a->focusRank < b->focusRank; });
+    const auto byRank = [] (const Control* a, const Control* b) { return a->focusRank < b->focusRank; };
+    std::stable_sort (focusable.begin (), focusable.end (), byRank);
     for (const Control* control : focusable) focusOrder.push_back (control->item);
 
     for (const Control& control : controls) control.item->Hide ();

@@ -130,23 +130,33 @@ TEST_F (OnTabControlTest, EachQueryAnswersForItsOwnControlOnly)
 {
     AttributeList& l = *h.list;
     const std::vector<std::pair<std::string, bool (AttributeList::*) () const>> queries = {
-        {"IntEdit", &AttributeList::IsIntEditOnTabItemVisible},         {"PosIntEdit", &AttributeList::IsPosIntEditOnTabItemVisible},
-        {"Slider", &AttributeList::IsSliderOnTabItemVisible},       {"LengthEdit", &AttributeList::IsLengthEditOnTabItemVisible},
-        {"AreaEdit", &AttributeList::IsAreaEditOnTabItemVisible},       {"VolumeEdit", &AttributeList::IsVolumeEditOnTabItemVisible},
-        {"AngleEdit", &AttributeList::IsAngleEditOnTabItemVisible},     {"PolarAngleEdit", &AttributeList::IsPolarAngleEditOnTabItemVisible},
-        {"TextEdit", &AttributeList::IsTextEditOnTabItemVisible},       {"RealEdit", &AttributeList::IsRealEditOnTabItemVisible},
+        {"IntEdit", &AttributeList::IsIntEditOnTabItemVisible},
+        {"PosIntEdit", &AttributeList::IsPosIntEditOnTabItemVisible},
+        {"Slider", &AttributeList::IsSliderOnTabItemVisible},
+        {"LengthEdit", &AttributeList::IsLengthEditOnTabItemVisible},
+        {"AreaEdit", &AttributeList::IsAreaEditOnTabItemVisible},
+        {"VolumeEdit", &AttributeList::IsVolumeEditOnTabItemVisible},
+        {"AngleEdit", &AttributeList::IsAngleEditOnTabItemVisible},
+        {"PolarAngleEdit", &AttributeList::IsPolarAngleEditOnTabItemVisible},
+        {"TextEdit", &AttributeList::IsTextEditOnTabItemVisible},
+        {"RealEdit", &AttributeList::IsRealEditOnTabItemVisible},
         {"PTStiffnessEdit", &AttributeList::IsPTStiffnessEditOnTabItemVisible},
         {"PRStiffnessEdit", &AttributeList::IsPRStiffnessEditOnTabItemVisible},
         {"LTStiffnessEdit", &AttributeList::IsLTStiffnessEditOnTabItemVisible},
         {"LRStiffnessEdit", &AttributeList::IsLRStiffnessEditOnTabItemVisible},
-        {"STStiffnessEdit", &AttributeList::IsSTStiffnessEditOnTabItemVisible}, {"TRForceEdit", &AttributeList::IsTRForceEditOnTabItemVisible},
-        {"RRMomentEdit", &AttributeList::IsRRMomentEditOnTabItemVisible}, {"PLForceEdit", &AttributeList::IsPLForceEditOnTabItemVisible},
-        {"PLMomentEdit", &AttributeList::IsPLMomentEditOnTabItemVisible}, {"ELForceEdit", &AttributeList::IsELForceEditOnTabItemVisible},
-        {"ELMomentEdit", &AttributeList::IsELMomentEditOnTabItemVisible}, {"SLForceEdit", &AttributeList::IsSLForceEditOnTabItemVisible},
+        {"STStiffnessEdit", &AttributeList::IsSTStiffnessEditOnTabItemVisible},
+        {"TRForceEdit", &AttributeList::IsTRForceEditOnTabItemVisible},
+        {"RRMomentEdit", &AttributeList::IsRRMomentEditOnTabItemVisible},
+        {"PLForceEdit", &AttributeList::IsPLForceEditOnTabItemVisible},
+        {"PLMomentEdit", &AttributeList::IsPLMomentEditOnTabItemVisible},
+        {"ELForceEdit", &AttributeList::IsELForceEditOnTabItemVisible},
+        {"ELMomentEdit", &AttributeList::IsELMomentEditOnTabItemVisible},
+        {"SLForceEdit", &AttributeList::IsSLForceEditOnTabItemVisible},
     };
     // Every control of the list, the ones without a query included.
+    constexpr std::size_t ControlCount = 30;
     const auto controls = ControlNames (l.GetOnTabItems ());
-    ASSERT_EQ (controls.size (), 30u);
+    ASSERT_EQ (controls.size (), ControlCount);
     std::string mismatches;
     for (const auto& [control, name] : controls) {
         Place ({const_cast<Wg::Item*> (control)});
