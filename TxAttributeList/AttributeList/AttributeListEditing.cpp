@@ -90,15 +90,7 @@ bool AttributeList::IsTypingInPlacedEdit () const
 
 void AttributeList::SetFocusToEditControl ()
 {
-    OnTabItems& c = *onTabItems;
-    // The second real edit is observed but never a focus target, on purpose.
-    Wg::Item* const order[] = {&c.GetIntEdit (),       &c.GetPosIntEdit (),     &c.GetLengthEdit (),     &c.GetAreaEdit (),
-                               &c.GetVolumeEdit (),    &c.GetAngleEdit (),      &c.GetPolarAngleEdit (), &c.GetTextEdit (),
-                               &c.GetRealEdit (),      &c.GetPTStiffnessEdit (), &c.GetPRStiffnessEdit (), &c.GetLTStiffnessEdit (),
-                               &c.GetLRStiffnessEdit (), &c.GetSTStiffnessEdit (), &c.GetTRForceEdit (),    &c.GetRRMomentEdit (),
-                               &c.GetPLForceEdit (),   &c.GetPLMomentEdit (),   &c.GetELForceEdit (),    &c.GetELMomentEdit (),
-                               &c.GetSLForceEdit ()};
-    for (Wg::Item* control : order) {
+    for (Wg::Item* control : onTabItems->GetFocusOrder ()) {
         if (listBox->IsOnTabItem (*control)) {
             control->SetFocus ();
             return;
@@ -108,27 +100,13 @@ void AttributeList::SetFocusToEditControl ()
 
 bool AttributeList::IsEditControlFocused () const
 {
-    const Wg::Item* focused = panel.GetFocusedItem ();
-    if (focused == nullptr) return false;
-    OnTabItems& c = *onTabItems;
-    if (focused == &c.GetIntEdit () || focused == &c.GetPosIntEdit () || focused == &c.GetTextEdit ()) return true;
-    for (int i = 0; i < OnTabItems::RealEditCount; ++i)
-        if (focused == c.GetRealEdits ()[i]) return true;
-    return false;
+    const OnTabItems::Control* control = onTabItems->FindControl (panel.GetFocusedItem ());
+    return control != nullptr && control->isEdit;
 }
 
 bool AttributeList::IsOnTabControl (const Wg::Item* item) const
 {
-    if (item == nullptr) return false;
-    OnTabItems& c = *onTabItems;
-    const Wg::Item* const others[] = {&c.GetIntEdit (), &c.GetPosIntEdit (), &c.GetPk257 (), &c.GetPk261 (), &c.GetSlider (),
-                                      &c.GetPopupControl (), &c.GetTextEdit (), &c.GetButton (), &c.GetIconButton (),
-                                      &c.GetIconColumnPopup (), &c.GetCheckBox ()};
-    for (const Wg::Item* control : others)
-        if (control == item) return true;
-    for (int i = 0; i < OnTabItems::RealEditCount; ++i)
-        if (item == c.GetRealEdits ()[i]) return true;
-    return false;
+    return onTabItems->FindControl (item) != nullptr;
 }
 
 bool AttributeList::IsListFocused () const
@@ -180,33 +158,14 @@ void AttributeList::NotifySelectionChanged ()
     NotifyObservers<AttributeListObserver> ([this] (AttributeListObserver& o) { o.AttributeListSelectionChanged (*this); });
 }
 
-#define TXAL_IS_ON_TAB(Query, Getter) \
-    bool AttributeList::Query () const { return listBox->IsOnTabItem (onTabItems->Getter ()); }
-
-TXAL_IS_ON_TAB (IsIntEditOnTabItemVisible, GetIntEdit)
-TXAL_IS_ON_TAB (IsPosIntEditOnTabItemVisible, GetPosIntEdit)
-TXAL_IS_ON_TAB (IsSliderOnTabItemVisible, GetSlider)
-TXAL_IS_ON_TAB (IsLengthEditOnTabItemVisible, GetLengthEdit)
-TXAL_IS_ON_TAB (IsAreaEditOnTabItemVisible, GetAreaEdit)
-TXAL_IS_ON_TAB (IsVolumeEditOnTabItemVisible, GetVolumeEdit)
-TXAL_IS_ON_TAB (IsAngleEditOnTabItemVisible, GetAngleEdit)
-TXAL_IS_ON_TAB (IsPolarAngleEditOnTabItemVisible, GetPolarAngleEdit)
-TXAL_IS_ON_TAB (IsTextEditOnTabItemVisible, GetTextEdit)
-TXAL_IS_ON_TAB (IsRealEditOnTabItemVisible, GetRealEdit)
-TXAL_IS_ON_TAB (IsPTStiffnessEditOnTabItemVisible, GetPTStiffnessEdit)
-TXAL_IS_ON_TAB (IsPRStiffnessEditOnTabItemVisible, GetPRStiffnessEdit)
-TXAL_IS_ON_TAB (IsLTStiffnessEditOnTabItemVisible, GetLTStiffnessEdit)
-TXAL_IS_ON_TAB (IsLRStiffnessEditOnTabItemVisible, GetLRStiffnessEdit)
-TXAL_IS_ON_TAB (IsSTStiffnessEditOnTabItemVisible, GetSTStiffnessEdit)
-TXAL_IS_ON_TAB (IsTRForceEditOnTabItemVisible, GetTRForceEdit)
-TXAL_IS_ON_TAB (IsRRMomentEditOnTabItemVisible, GetRRMomentEdit)
-TXAL_IS_ON_TAB (IsPLForceEditOnTabItemVisible, GetPLForceEdit)
-TXAL_IS_ON_TAB (IsPLMomentEditOnTabItemVisible, GetPLMomentEdit)
-TXAL_IS_ON_TAB (IsELForceEditOnTabItemVisible, GetELForceEdit)
-TXAL_IS_ON_TAB (IsELMomentEditOnTabItemVisible, GetELMomentEdit)
-TXAL_IS_ON_TAB (IsSLForceEditOnTabItemVisible, GetSLForceEdit)
-
-#undef TXAL_IS_ON_TAB
+#define TXAL_ON_TAB_QUERY_VisibilityQuery(Name) \
+    bool AttributeList::Is##Name##OnTabItemVisible () const { return listBox->IsOnTabItem (onTabItems->Get##Name ()); }
+#define TXAL_ON_TAB_QUERY_NoQuery(Name)
+#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) TXAL_ON_TAB_QUERY_##Query (Name)
+TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_QUERY)
+#undef TXAL_ON_TAB_QUERY
+#undef TXAL_ON_TAB_QUERY_NoQuery
+#undef TXAL_ON_TAB_QUERY_VisibilityQuery
 
 // --- Panel and list box events ---
 

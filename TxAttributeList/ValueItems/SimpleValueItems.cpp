@@ -1,7 +1,7 @@
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 #include "TxAttributeList/ResourceHelpers.hpp"
-#include "TxAttributeList/ValueItems.hpp"
+#include "TxAttributeList/SimpleValueItems.hpp"
 
 namespace TxAL {
 

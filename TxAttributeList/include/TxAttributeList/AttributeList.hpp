@@ -16,6 +16,7 @@
 #include "Kor/Event.hpp"
 #include "TxAttributeList/AttributeListGroupItem.hpp"
 #include "TxAttributeList/AttributeListItems.hpp"
+#include "TxAttributeList/OnTabControls.hpp"
 #include "Wg/Controls.hpp"
 #include "Wg/Key.hpp"
 #include "Wg/ListBox.hpp"
@@ -246,28 +247,15 @@ public:
     void SelectItem (AttributeListItem* item, bool setFocus);
     OnTabItems& GetOnTabItems () const { return *onTabItems; }
 
-    bool IsIntEditOnTabItemVisible () const;
-    bool IsPosIntEditOnTabItemVisible () const;
-    bool IsSliderOnTabItemVisible () const;
-    bool IsLengthEditOnTabItemVisible () const;
-    bool IsAreaEditOnTabItemVisible () const;
-    bool IsVolumeEditOnTabItemVisible () const;
-    bool IsAngleEditOnTabItemVisible () const;
-    bool IsPolarAngleEditOnTabItemVisible () const;
-    bool IsTextEditOnTabItemVisible () const;
-    bool IsRealEditOnTabItemVisible () const;
-    bool IsPTStiffnessEditOnTabItemVisible () const;
-    bool IsPRStiffnessEditOnTabItemVisible () const;
-    bool IsLTStiffnessEditOnTabItemVisible () const;
-    bool IsLRStiffnessEditOnTabItemVisible () const;
-    bool IsSTStiffnessEditOnTabItemVisible () const;
-    bool IsTRForceEditOnTabItemVisible () const;
-    bool IsRRMomentEditOnTabItemVisible () const;
-    bool IsPLForceEditOnTabItemVisible () const;
-    bool IsPLMomentEditOnTabItemVisible () const;
-    bool IsELForceEditOnTabItemVisible () const;
-    bool IsELMomentEditOnTabItemVisible () const;
-    bool IsSLForceEditOnTabItemVisible () const;
+    // Whether a control stands over a column of the list box now: Is<Name>OnTabItemVisible for
+    // every control of the table that asks for a query (IsLengthEditOnTabItemVisible, ...).
+#define TXAL_ON_TAB_QUERY_VisibilityQuery(Name) bool Is##Name##OnTabItemVisible () const;
+#define TXAL_ON_TAB_QUERY_NoQuery(Name)
+#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) TXAL_ON_TAB_QUERY_##Query (Name)
+    TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_QUERY)
+#undef TXAL_ON_TAB_QUERY
+#undef TXAL_ON_TAB_QUERY_NoQuery
+#undef TXAL_ON_TAB_QUERY_VisibilityQuery
 
     // --- Keyboard (the list's low-level handler) ---
     Wg::KeyResult KeyPressed (const Wg::Key::Code& key, Wg::Item** sourceItem) override;
