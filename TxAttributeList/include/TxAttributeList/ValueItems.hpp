@@ -511,3 +511,6 @@ public:
 };
 
 }   // namespace TxAL
+
+// The slider and interval items.
+#include "TxAttributeList/SliderItems.hpp"
