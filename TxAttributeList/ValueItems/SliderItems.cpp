@@ -192,6 +192,9 @@ void AttributeListSliderItem::UpdatePreviewTab (const Wg::ListBoxTabItemUpdateEv
     Gfx::DrawingContext* context = event.GetDrawContext ();
     const Wg::ListBox* listBox = event.GetSource ();
     if (context == nullptr || listBox == nullptr || event.GetTabFieldIndex () != GetPreviewColumnIndex ()) return;
+    // The edited row shows the bar control itself; a picture beneath would show through it.
+    OnTabItems* controls = GetOnTabItems ();
+    if (controls != nullptr && event.GetListItem () == listBox->GetSelectedItem () && listBox->IsOnTabItem (controls->GetSlider ())) return;
     const bool greyed = !listBox->IsItemEnabled (event.GetListItem ());
     const Wg::Icon track = GetResourceIcon (TrackIconResId);
     const Wg::Icon thumb = GetResourceIcon (ThumbIconResId);

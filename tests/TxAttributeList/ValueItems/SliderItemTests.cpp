@@ -297,29 +297,29 @@ TEST_F (SliderStrategyTest, AnObserverMayDeleteTheItemOnRelease)
 
 // --- Picture ---
 
-// The track is 80 x 12 and the thumb 9 x 12: a free width of 71, and in a 100-pixel preview
-// column on a 20-pixel row the track starts at (100 - 80) / 2 - 1 = 9, 4 pixels down.
+// The track is 98 x 14 and the thumb 14 x 14: a free width of 84, and in a 100-pixel preview
+// column on a 20-pixel row the track starts at (100 - 98) / 2 - 1 = 0, 3 pixels down.
 TEST_F (SliderItemTest, ThumbSitsAtTheRoundedShareOfTheFreeWidth)
 {
     AddSlider ("Low", 0, 100, 0);
     AddSlider ("Half", 0, 100, 50);
     AddSlider ("High", 0, 100, 100);
     AddSlider ("Shifted", -50, 50, 25);
-    EXPECT_EQ (Thumb (1) + " " + Thumb (2) + " " + Thumb (3) + " " + Thumb (4), "9,4 45,4 80,4 62,4");
+    EXPECT_EQ (Thumb (1) + " " + Thumb (2) + " " + Thumb (3) + " " + Thumb (4), "0,3 42,3 84,3 63,3");
     const auto track = Box ().PaintCell (1, Preview ()).Get<Gfx::IconOp> ().front ();
     EXPECT_EQ (std::to_string (track.resourceId) + " " + std::to_string (track.rect.left - Begin (Preview ())) + " " +
                    std::to_string (track.rect.GetWidth ()) + "x" + std::to_string (track.rect.GetHeight ()),
-               "31849 9 80x12");
+               "31849 0 98x14");
     EXPECT_EQ (Cell (2, Check ()), "50");
 }
 
 TEST_F (SliderItemTest, WideRangesWrapTheThumbOffsetIn16Bits)
 {
-    // 500 + 500 × 71 = 36000 wraps to −29536; / 1000 gives −29, left of the track.
+    // 500 + 500 × 84 = 42500 wraps to −23036; / 1000 gives −23, left of the track.
     AddSlider ("Wide", 0, 1000, 500);
-    // 250 × 71 + 500 = 18250 stays in range: 18.
+    // 250 × 84 + 500 = 21500 stays in range: 21.
     AddSlider ("Quarter", 0, 1000, 250);
-    EXPECT_EQ (Thumb (1) + " " + Thumb (2), "-20,4 27,4");
+    EXPECT_EQ (Thumb (1) + " " + Thumb (2), "-23,3 21,3");
     EXPECT_EQ (TxAL::AttributeListSliderItem::ThumbOffset (0, 100, 50, 100), 50);
     EXPECT_EQ (TxAL::AttributeListSliderItem::ThumbOffset (0, 1000, 500, 100), -15);
     // The widest bounds wrap instead of overflowing.
@@ -335,7 +335,18 @@ TEST_F (SliderItemTest, NoThumbOutsideTheBoundsOrOnAnEmptyRange)
     EXPECT_EQ (Thumb (1) + " " + Thumb (2) + " " + Thumb (3), "none none none");
     EXPECT_EQ (Box ().PaintCell (3, Preview ()).Get<Gfx::IconOp> ().size (), 1u) << "the track is drawn all the same";
     outside.SetValue (100);
-    EXPECT_EQ (Thumb (1), "80,4");
+    EXPECT_EQ (Thumb (1), "84,3");
+}
+
+TEST_F (SliderItemTest, TheEditedRowShowsTheBarInsteadOfThePicture)
+{
+    AddSlider ("Opacity", 0, 100, 50);
+    AddSlider ("Detail", 0, 100, 50);
+    SelectFirstRow ();
+    EXPECT_EQ (Box ().PaintCell (1, Preview ()).Get<Gfx::IconOp> ().size (), 0u);
+    EXPECT_EQ (Thumb (2), "42,3");
+    Click (2, Begin (Label ()) + 3);
+    EXPECT_EQ (Thumb (1) + " " + Thumb (2), "42,3 none");
 }
 
 TEST_F (SliderItemTest, DisabledRowsDrawAGreyedPicture)
