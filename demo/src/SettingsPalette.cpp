@@ -82,6 +82,7 @@ SettingsPalette::SettingsPalette (Wg::Panel& panel, BuildingModel& model)
       model (model),
       listBox (panel, Wg::Rect (Margin, Margin, panel.GetWidth () - Margin, panel.GetHeight () - Margin), ListBoxId,
                Wg::ListBox::VScroll, true),
+      percentStrategy (1),
       detailStrategy (DetailStep),
       list (panel, ListBoxId,
             TxAL::AttributeList::OptionalParameters ()
@@ -89,6 +90,12 @@ SettingsPalette::SettingsPalette (Wg::Panel& panel, BuildingModel& model)
                 .SetHeaderString2 ("Value")
                 .SetHeaderType (TxAL::AttributeList::SynchronizedHeader))
 {
+    // Whole numbers take effect when confirmed (Return, Tab, leaving the edit), not at each
+    // keystroke: a slider's strategy then snaps the number the user meant.
+    list.GetOnTabItems ().GetIntEdit ().SetAutoUpdate (false);
+    const auto storeStep = [this] (const TxAL::AttributeListSliderItem& item, int value) { Store (item, std::to_string (value)); };
+    percentStrategy.keyboardStepped = storeStep;
+    detailStrategy.keyboardStepped = storeStep;
     panel.Attach (*this);
 }
 
@@ -288,7 +295,7 @@ void SettingsPalette::Build (Element& element)
 
     if (has ("transparency") || has ("detailLevel")) {
         AttributeListGroupItem* display = list.CreateGroup ("Display", LibIcon (PropertyIcon), true, true);
-        if (has ("transparency")) AddSlider (*display, "Transparency (%)", element, "transparency", nullptr);
+        if (has ("transparency")) AddSlider (*display, "Transparency (%)", element, "transparency", &percentStrategy);
         // Levels of detail come in steps of ten.
         if (has ("detailLevel")) AddSlider (*display, "Level of detail", element, "detailLevel", &detailStrategy);
     }

@@ -71,7 +71,9 @@ private:
     Wg::Panel&                                                    panel;
     BuildingModel&                                                model;
     Wg::SingleSelListBox                                          listBox;
-    // Shared by the level-of-detail rows; declared before the list so that it outlives them.
+    // The sliders' strategies (percentages by one, levels of detail by ten); declared before
+    // the list and the items so that they outlive them.
+    StepSnapStrategy                                              percentStrategy;
     StepSnapStrategy                                              detailStrategy;
     TxAL::AttributeList                                           list;
     std::string                                                   elementId;

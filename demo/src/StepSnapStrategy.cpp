@@ -64,7 +64,9 @@ int StepSnapStrategy::SliderStepped (const TxAL::AttributeListSliderItem& item, 
     const std::int64_t current = item.GetValue ();
     const std::int64_t below = FloorDiv (current, step) * step;
     const std::int64_t next = proposedValue > current ? below + step : (below == current ? below - step : below);
-    return ToInt (next, item);
+    const int value = ToInt (next, item);
+    if (keyboardStepped) keyboardStepped (item, value);
+    return value;
 }
 
 }   // namespace Demo

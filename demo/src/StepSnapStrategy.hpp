@@ -1,7 +1,10 @@
 #pragma once
 // A slider strategy that keeps a slider item on whole steps (0, 10, 20, ... for a step of 10):
 // the number snaps while the thumb is dragged, the thumb snaps when it is released, a typed
-// number snaps to the nearest step, and the arrow keys move by one step.
+// number snaps to the nearest step, and the arrow keys move by one step. A step of 1 only keeps
+// typed and dragged numbers within the bounds and reports keyboard steps.
+
+#include <functional>
 
 #include "TxAttributeList/SliderItems.hpp"
 
@@ -14,6 +17,10 @@ public:
 
     // The step nearest to value (halves round up).
     int Snap (int value) const;
+
+    // The arrow keys set the value without telling the item's observers: whoever keeps the
+    // value hears of a keyboard step here, with the value the item is about to take.
+    std::function<void (const TxAL::AttributeListSliderItem& item, int value)> keyboardStepped;
 
     bool IntEditChanged (const Wg::IntEditChangeEvent& event, TxAL::AttributeListSliderItem& item) override;
     bool SliderChanged (const Wg::BarControlChangeEvent& event, TxAL::AttributeListSliderItem& item) override;
