@@ -130,6 +130,13 @@ void AttributeListSliderItem::DrawListItem (short row) const
     listBox->RedrawItem (row);
 }
 
+void AttributeListSliderItem::ClearListItem (short row) const
+{
+    AttributeListSimpleItem::ClearListItem (row);
+    // The number too: a group row that loses its slider master must not keep it.
+    if (Wg::ListBox* listBox = GetListBox ()) listBox->SetTabItemText (row, GetCheckColumnIndex (), {});
+}
+
 void AttributeListSliderItem::InitializeOnTabItems () const
 {
     AttributeListSimpleItem::InitializeOnTabItems ();
@@ -238,6 +245,12 @@ void AttributeListIntervalItem::DrawListItem (short row) const
     if (GetAttributeIconColumnIndex () > 0) listBox->SetTabItemIcon (row, GetAttributeIconColumnIndex (), GetIcon ());
     listBox->SetTabItemText (row, GetAttributeNameColumnIndex (), WgDoubleToString (intervalBeg, Wg::RealSubtype::Real));
     listBox->SetTabItemText (row, GetCheckColumnIndex (), endHidden ? Kor::UniString () : WgDoubleToString (intervalEnd, Wg::RealSubtype::Real));
+}
+
+void AttributeListIntervalItem::ClearListItem (short row) const
+{
+    AttributeListSimpleItem::ClearListItem (row);
+    if (Wg::ListBox* listBox = GetListBox ()) listBox->SetTabItemText (row, GetCheckColumnIndex (), {});
 }
 
 void AttributeListIntervalItem::InitializeOnTabItems () const

@@ -103,6 +103,7 @@ public:
 
     // --- Overrides ---
     void DrawListItem (short row) const override;
+    void ClearListItem (short row) const override;
     void InitializeOnTabItems () const override;
     void IntEditChanged (const Wg::IntEditChangeEvent& event) override;
     void SliderChanged (const Wg::BarControlChangeEvent& event) override;
@@ -146,6 +147,7 @@ public:
 
     // --- Overrides ---
     void           DrawListItem (short row) const override;
+    void           ClearListItem (short row) const override;
     void           InitializeOnTabItems () const override;
     void           RealEditChanged (const Wg::RealEditChangeEvent& event) override;
     void           UpdatePreviewTab (const Wg::ListBoxTabItemUpdateEvent& event) override;

@@ -398,6 +398,14 @@ TEST_F (SliderKeyboardTest, ArrowsWithoutTheModifierLeaveTheGroupAlone)
     EXPECT_EQ (std::to_string (slider->GetValue ()) + " " + std::to_string (Box ().GetItemCount ()) + " rows", "2 2 rows");
 }
 
+TEST_F (SliderKeyboardTest, AGroupRowThatLosesItsSliderKeepsNoNumber)
+{
+    EXPECT_EQ (harness->Rows (), "1:▾Display|2 2:  Shadows|[ ]Cast");
+    group->RemoveMasterItem ();
+    EXPECT_EQ (harness->Rows (), "1:▾Display 2:  Shadows|[ ]Cast");
+    group->AddMasterItem (*slider);
+}
+
 TEST_F (SliderKeyboardTest, ModifierStepsByOneWithinTheBounds)
 {
     EXPECT_EQ (Steps ({Wg::Key::Right, Wg::Key::Right, Wg::Key::Left, Wg::Key::Left, Wg::Key::Left, Wg::Key::Left}), "3 3 2 1 0 0 2 rows");
@@ -504,8 +512,14 @@ TEST_F (IntervalItemTest, GroupMakesIntervalsAsChildrenOrMaster)
     EXPECT_EQ (harness->Rows (), "1:▾Levels|0.00|to|3.00 2:  Basement|-2.00|to");
     TxALTest::Lifetimes lifetimes;
     lifetimes.Watch (*group->GetMasterItem ());
-    list->ClearList (true);
-    EXPECT_EQ (lifetimes.Take (), "~Range");
+    group->ClearMasterItem ();
+    EXPECT_EQ (lifetimes.Take () + " " + harness->Rows (), "~Range 1:▾Levels 2:  Basement|-2.00|to");
+    // A master of the caller's leaves the group's row without its ends.
+    TxAL::AttributeListIntervalItem span ("Span", {}, 1.0, 2.0, "to", false, true, false);
+    group->AddMasterItem (span);
+    EXPECT_EQ (harness->Rows (), "1:▾Levels|1.00|to|2.00 2:  Basement|-2.00|to");
+    group->RemoveMasterItem ();
+    EXPECT_EQ (harness->Rows (), "1:▾Levels 2:  Basement|-2.00|to");
 }
 
 }   // namespace
