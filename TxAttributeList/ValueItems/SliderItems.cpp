@@ -39,7 +39,7 @@ short ColumnWidth (const Wg::ListBox& listBox, short column)
 // an observer may delete the item (then there is nothing left to clear).
 class SliderEventScope {
 public:
-    SliderEventScope (AttributeListItem& item, bool& flag) : life (item), flag (flag) { flag = true; }
+    SliderEventScope (const Kor::EventSource& item, bool& flag) : life (item), flag (flag) { flag = true; }
     SliderEventScope (const SliderEventScope&) = delete;
     SliderEventScope& operator= (const SliderEventScope&) = delete;
     ~SliderEventScope ()
@@ -50,8 +50,8 @@ public:
     bool IsItemAlive () const { return life.IsAlive (); }
 
 private:
-    AttributeListItemLifeGuard life;
-    bool&                      flag;
+    Kor::LifeWatch life;
+    bool&          flag;
 };
 
 }   // namespace
@@ -166,12 +166,12 @@ void AttributeListSliderItem::IntEditChanged (const Wg::IntEditChangeEvent& even
 {
     OnTabItems* controls = GetOnTabItems ();
     if (controls == nullptr || event.GetSource () != &controls->GetIntEdit ()) return;
-    if (strategy != nullptr) {
-        AttributeListItemLifeGuard life (*this);
-        if (strategy->IntEditChanged (event, *this) || !life.IsAlive ()) return;
-    }
+    // The strategy, and the refresh of the row (which moves the focus), may run code that
+    // deletes the item.
+    const Kor::LifeWatch life (*this);
+    if (strategy != nullptr && (strategy->IntEditChanged (event, *this) || life.IsGone ())) return;
     SetValue (controls->GetIntEdit ().GetValue ());
-    NotifyValueChanged ();
+    if (life.IsAlive ()) NotifyValueChanged ();
 }
 
 void AttributeListSliderItem::SliderChanged (const Wg::BarControlChangeEvent& event)
@@ -181,7 +181,7 @@ void AttributeListSliderItem::SliderChanged (const Wg::BarControlChangeEvent& ev
     const SliderEventScope scope (*this, inSliderEvent);
     if (strategy != nullptr && (strategy->SliderChanged (event, *this) || !scope.IsItemAlive ())) return;
     SetValue (controls->GetSlider ().GetValue ());
-    NotifyValueChanged ();
+    if (scope.IsItemAlive ()) NotifyValueChanged ();
 }
 
 void AttributeListSliderItem::SliderTracked (const Wg::BarControlTrackEvent& event)
