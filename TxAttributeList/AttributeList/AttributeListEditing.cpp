@@ -10,7 +10,12 @@
 //   edit / user control / slider / button / check box events
 //                            -> DispatchToSelectedItem -> item handler of the same kind, then
 //                               item.DrawListItem (selected row)
-//   KeyPressed (the list's keyboard handler) -> arrows, space, popup modifier
+//   KeyPressed (the list's keyboard handler) -> arrows, space, popup modifier; Left/Right with
+//                               the modifier step a slider row (StepSlider)
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 
 #include "DrawSuspension.hpp"
 #include "Kor/Assert.hpp"
@@ -29,6 +34,22 @@ constexpr const char* SourceFile = "AttributeList";
 constexpr int PopupModifierKey = 2;
 constexpr int KeyStateDown = 1;
 constexpr char16_t SpaceCharacter = 32;
+
+// One arrow-key step of a slider row: the strategy may adjust the proposal, the bounds hold.
+void StepSlider (AttributeListSliderItem& slider, int step)
+{
+    // Taken in 64 bits so that a step beyond the 32-bit range ends at its edge.
+    const std::int64_t stepped = std::clamp<std::int64_t> (std::int64_t {slider.GetValue ()} + step, std::numeric_limits<int>::min (),
+                                                           std::numeric_limits<int>::max ());
+    int proposed = static_cast<int> (stepped);
+    if (AttributeListSliderItemStrategy* strategy = slider.GetStrategy ()) proposed = strategy->SliderStepped (slider, proposed);
+    // The minimum is tested first, so that inverted bounds cannot fail the clamp.
+    if (proposed < slider.GetMinValue ())
+        proposed = slider.GetMinValue ();
+    else if (proposed > slider.GetMaxValue ())
+        proposed = slider.GetMaxValue ();
+    slider.SetValue (proposed);
+}
 
 }   // namespace
 
@@ -380,8 +401,12 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     const int code = key.GetCode ();
     const bool plain = key.GetCharacter () == 0;
     if ((code == Wg::Key::Right || code == Wg::Key::Left) && plain) {
-        const bool isSlider = false;   // FIXME: slider rows step their value with the modifier held once slider items exist.
-        if (isSlider) return popupModifier ? Wg::KeyHandled : Wg::KeyNotHandled;
+        // Slider rows never collapse or expand: the arrows step the value, with the modifier only.
+        if (auto* slider = dynamic_cast<AttributeListSliderItem*> (valueItem)) {
+            if (!popupModifier) return Wg::KeyNotHandled;
+            StepSlider (*slider, code == Wg::Key::Right ? 1 : -1);
+            return Wg::KeyHandled;
+        }
         if (group != nullptr) {
             if (code == Wg::Key::Right)
                 group->Expand ();

@@ -204,6 +204,8 @@ public:
     AttributeListIconButtonItem* CreateIconButtonItem (const Kor::UniString& name, const Wg::Icon& icon, const Kor::UniString& text,
                                                        const Kor::UniString& tagText, const Wg::Icon& buttonIcon, bool status, bool boldText);
     AttributeListSeparatorItem* CreateSeparatorItem ();
+    AttributeListIntervalItem* CreateIntervalItem (const Kor::UniString& name, const Wg::Icon& icon, double intervalBeg, double intervalEnd,
+                                                   const Kor::UniString& betweenText, bool endHidden, bool status, bool boldText);
     void CollapseAllGroups ();
     void ExpandAllGroups ();
 

@@ -62,6 +62,7 @@ class AttributeListCheckItem;
 class AttributeListButtonItem;
 class AttributeListIconButtonItem;
 class AttributeListSeparatorItem;
+class AttributeListIntervalItem;
 
 class AttributeListItemObserver : public virtual Kor::EventObserver {
 public:
