@@ -107,19 +107,9 @@ void AttributeList::Init (bool visible, const OptionalParameters& params)
     listBox->SetItemHeight (rowHeight);
     listBox->SetHelpStyle (HelpStyleToolTips);
 
-    OnTabItems& controls = *onTabItems;
-    controls.GetIntEdit ().Attach (static_cast<Wg::IntEditObserver&> (*this));
-    controls.GetPosIntEdit ().Attach (static_cast<Wg::PosIntEditObserver&> (*this));
-    controls.GetPk257 ().Attach (static_cast<Wg::UserControlObserver&> (*this));
-    controls.GetPk261 ().Attach (static_cast<Wg::UserControlObserver&> (*this));
-    controls.GetSlider ().Attach (static_cast<Wg::BarControlObserver&> (*this));
-    for (int i = 0; i < OnTabItems::RealEditCount; ++i) controls.GetRealEdits ()[i]->Attach (static_cast<Wg::RealEditObserver&> (*this));
-    controls.GetTextEdit ().Attach (static_cast<Wg::TextEditObserver&> (*this));
-    controls.GetButton ().Attach (static_cast<Wg::ButtonItemObserver&> (*this));
-    controls.GetIconButton ().Attach (static_cast<Wg::ButtonItemObserver&> (*this));
-    controls.GetPopupControl ().Attach (static_cast<Wg::UserControlObserver&> (*this));
-    controls.GetIconColumnPopup ().Attach (static_cast<Wg::UserControlObserver&> (*this));
-    controls.GetCheckBox ().Attach (static_cast<Wg::CheckItemObserver&> (*this));
+    onTabItems->ForEachControl ([this] (auto& control, auto observer) {
+        control.Attach (static_cast<typename decltype (observer)::type&> (*this));
+    });
     listBox->Attach (static_cast<Wg::ListBoxObserver&> (*this));
 
     // The parameter only asks to show at once: a list box of our own starts hidden without it,

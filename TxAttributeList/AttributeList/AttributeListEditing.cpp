@@ -10,7 +10,12 @@
 //   edit / user control / slider / button / check box events
 //                            -> DispatchToSelectedItem -> item handler of the same kind, then
 //                               item.DrawListItem (selected row)
-//   KeyPressed (the list's keyboard handler) -> arrows, space, popup modifier
+//   KeyPressed (the list's keyboard handler) -> arrows, space, popup modifier; Left/Right with
+//                               the modifier step a slider row (StepSlider)
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 
 #include "DrawSuspension.hpp"
 #include "Kor/Assert.hpp"
@@ -29,6 +34,22 @@ constexpr const char* SourceFile = "AttributeList";
 constexpr int PopupModifierKey = 2;
 constexpr int KeyStateDown = 1;
 constexpr char16_t SpaceCharacter = 32;
+
+// One arrow-key step of a slider row: the strategy may adjust the proposal, the bounds hold.
+void StepSlider (AttributeListSliderItem& slider, int step)
+{
+    // Taken in 64 bits so that a step beyond the 32-bit range ends at its edge.
+    const std::int64_t stepped = std::clamp<std::int64_t> (std::int64_t {slider.GetValue ()} + step, std::numeric_limits<int>::min (),
+                                                           std::numeric_limits<int>::max ());
+    int proposed = static_cast<int> (stepped);
+    if (AttributeListSliderItemStrategy* strategy = slider.GetStrategy ()) proposed = strategy->SliderStepped (slider, proposed);
+    // The minimum is tested first, so that inverted bounds cannot fail the clamp.
+    if (proposed < slider.GetMinValue ())
+        proposed = slider.GetMinValue ();
+    else if (proposed > slider.GetMaxValue ())
+        proposed = slider.GetMaxValue ();
+    slider.SetValue (proposed);
+}
 
 }   // namespace
 
@@ -52,22 +73,45 @@ bool AttributeList::SetOnTabItems ()
 {
     AttributeListItem* item = GetSelectedRowItem ();
     if (item == nullptr) return false;
+    Kor::LifeWatch alive {this, item};
     item->SetOnTabItems (*onTabItems);
     item->InitializeOnTabItems ();
+    if (alive.IsGone ()) return false;
+    // A disabled row takes no user change: every control it placed is greyed, and a row that
+    // can be edited again gets its controls back enabled.
+    const short row = listBox->GetSelectedItem ();
+    const bool editable = IsRowEditable (row);
+    const short count = listBox->GetTabFieldCount ();
+    for (short column = 1; column <= count; ++column) {
+        Wg::Item* control = listBox->GetOnTabItem (column);
+        if (control == nullptr || control->IsEnabled () == editable) continue;
+        if (editable)
+            control->Enable ();
+        else
+            control->Disable ();
+        if (alive.IsGone ()) return false;
+    }
     return true;
+}
+
+bool AttributeList::IsRowEditable (short row) const
+{
+    const AttributeListItem* item = GetItemOfRow (row);
+    if (item == nullptr || !listBox->IsItemEnabled (row) || !item->GetStatus ()) return false;
+    if (item->kind != AttributeListItem::Kind::Group) return true;
+    const AttributeListSimpleItem* master = static_cast<const AttributeListGroupItem*> (item)->GetMasterItem ();
+    return master == nullptr || master->GetStatus ();
+}
+
+bool AttributeList::IsTypingInPlacedEdit () const
+{
+    const Wg::Item* focused = panel.GetFocusedItem ();
+    return focused != nullptr && IsEditControlFocused () && listBox->IsOnTabItem (*focused);
 }
 
 void AttributeList::SetFocusToEditControl ()
 {
-    OnTabItems& c = *onTabItems;
-    // The second real edit is observed but never a focus target, on purpose.
-    Wg::Item* const order[] = {&c.GetIntEdit (),       &c.GetPosIntEdit (),     &c.GetLengthEdit (),     &c.GetAreaEdit (),
-                               &c.GetVolumeEdit (),    &c.GetAngleEdit (),      &c.GetPolarAngleEdit (), &c.GetTextEdit (),
-                               &c.GetRealEdit (),      &c.GetPTStiffnessEdit (), &c.GetPRStiffnessEdit (), &c.GetLTStiffnessEdit (),
-                               &c.GetLRStiffnessEdit (), &c.GetSTStiffnessEdit (), &c.GetTRForceEdit (),    &c.GetRRMomentEdit (),
-                               &c.GetPLForceEdit (),   &c.GetPLMomentEdit (),   &c.GetELForceEdit (),    &c.GetELMomentEdit (),
-                               &c.GetSLForceEdit ()};
-    for (Wg::Item* control : order) {
+    for (Wg::Item* control : onTabItems->GetFocusOrder ()) {
         if (listBox->IsOnTabItem (*control)) {
             control->SetFocus ();
             return;
@@ -77,27 +121,13 @@ void AttributeList::SetFocusToEditControl ()
 
 bool AttributeList::IsEditControlFocused () const
 {
-    const Wg::Item* focused = panel.GetFocusedItem ();
-    if (focused == nullptr) return false;
-    OnTabItems& c = *onTabItems;
-    if (focused == &c.GetIntEdit () || focused == &c.GetPosIntEdit () || focused == &c.GetTextEdit ()) return true;
-    for (int i = 0; i < OnTabItems::RealEditCount; ++i)
-        if (focused == c.GetRealEdits ()[i]) return true;
-    return false;
+    const OnTabItems::Control* control = onTabItems->FindControl (panel.GetFocusedItem ());
+    return control != nullptr && control->isEdit;
 }
 
 bool AttributeList::IsOnTabControl (const Wg::Item* item) const
 {
-    if (item == nullptr) return false;
-    OnTabItems& c = *onTabItems;
-    const Wg::Item* const others[] = {&c.GetIntEdit (), &c.GetPosIntEdit (), &c.GetPk257 (), &c.GetPk261 (), &c.GetSlider (),
-                                      &c.GetPopupControl (), &c.GetTextEdit (), &c.GetButton (), &c.GetIconButton (),
-                                      &c.GetIconColumnPopup (), &c.GetCheckBox ()};
-    for (const Wg::Item* control : others)
-        if (control == item) return true;
-    for (int i = 0; i < OnTabItems::RealEditCount; ++i)
-        if (item == c.GetRealEdits ()[i]) return true;
-    return false;
+    return onTabItems->FindControl (item) != nullptr;
 }
 
 bool AttributeList::IsListFocused () const
@@ -120,7 +150,12 @@ std::optional<Wg::Rect> AttributeList::GetSelectedItemRect () const
 
 void AttributeList::SelectItem (AttributeListItem* item, bool setFocus)
 {
-    if (item != nullptr) item->Select (setFocus);
+    if (item == nullptr) return;
+    if (item->list != nullptr && item->list != this) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "item belongs to this list");
+        return;
+    }
+    item->Select (setFocus);
 }
 
 void AttributeList::RemoveOnTabItemsFromAllColumns ()
@@ -146,33 +181,14 @@ void AttributeList::NotifySelectionChanged ()
     NotifyObservers<AttributeListObserver> ([this] (AttributeListObserver& o) { o.AttributeListSelectionChanged (*this); });
 }
 
-#define TXAL_IS_ON_TAB(Query, Getter) \
-    bool AttributeList::Query () const { return listBox->IsOnTabItem (onTabItems->Getter ()); }
-
-TXAL_IS_ON_TAB (IsIntEditOnTabItemVisible, GetIntEdit)
-TXAL_IS_ON_TAB (IsPosIntEditOnTabItemVisible, GetPosIntEdit)
-TXAL_IS_ON_TAB (IsSliderOnTabItemVisible, GetSlider)
-TXAL_IS_ON_TAB (IsLengthEditOnTabItemVisible, GetLengthEdit)
-TXAL_IS_ON_TAB (IsAreaEditOnTabItemVisible, GetAreaEdit)
-TXAL_IS_ON_TAB (IsVolumeEditOnTabItemVisible, GetVolumeEdit)
-TXAL_IS_ON_TAB (IsAngleEditOnTabItemVisible, GetAngleEdit)
-TXAL_IS_ON_TAB (IsPolarAngleEditOnTabItemVisible, GetPolarAngleEdit)
-TXAL_IS_ON_TAB (IsTextEditOnTabItemVisible, GetTextEdit)
-TXAL_IS_ON_TAB (IsRealEditOnTabItemVisible, GetRealEdit)
-TXAL_IS_ON_TAB (IsPTStiffnessEditOnTabItemVisible, GetPTStiffnessEdit)
-TXAL_IS_ON_TAB (IsPRStiffnessEditOnTabItemVisible, GetPRStiffnessEdit)
-TXAL_IS_ON_TAB (IsLTStiffnessEditOnTabItemVisible, GetLTStiffnessEdit)
-TXAL_IS_ON_TAB (IsLRStiffnessEditOnTabItemVisible, GetLRStiffnessEdit)
-TXAL_IS_ON_TAB (IsSTStiffnessEditOnTabItemVisible, GetSTStiffnessEdit)
-TXAL_IS_ON_TAB (IsTRForceEditOnTabItemVisible, GetTRForceEdit)
-TXAL_IS_ON_TAB (IsRRMomentEditOnTabItemVisible, GetRRMomentEdit)
-TXAL_IS_ON_TAB (IsPLForceEditOnTabItemVisible, GetPLForceEdit)
-TXAL_IS_ON_TAB (IsPLMomentEditOnTabItemVisible, GetPLMomentEdit)
-TXAL_IS_ON_TAB (IsELForceEditOnTabItemVisible, GetELForceEdit)
-TXAL_IS_ON_TAB (IsELMomentEditOnTabItemVisible, GetELMomentEdit)
-TXAL_IS_ON_TAB (IsSLForceEditOnTabItemVisible, GetSLForceEdit)
-
-#undef TXAL_IS_ON_TAB
+#define TXAL_ON_TAB_QUERY_VisibilityQuery(Name) \
+    bool AttributeList::Is##Name##OnTabItemVisible () const { return listBox->IsOnTabItem (onTabItems->Get##Name ()); }
+#define TXAL_ON_TAB_QUERY_NoQuery(Name)
+#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) TXAL_ON_TAB_QUERY_##Query (Name)
+TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_QUERY)
+#undef TXAL_ON_TAB_QUERY
+#undef TXAL_ON_TAB_QUERY_NoQuery
+#undef TXAL_ON_TAB_QUERY_VisibilityQuery
 
 // --- Panel and list box events ---
 
@@ -392,8 +408,12 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     const int code = key.GetCode ();
     const bool plain = key.GetCharacter () == 0;
     if ((code == Wg::Key::Right || code == Wg::Key::Left) && plain) {
-        const bool isSlider = false;   // FIXME: slider rows step their value with the modifier held once slider items exist.
-        if (isSlider) return popupModifier ? Wg::KeyHandled : Wg::KeyNotHandled;
+        // Slider rows never collapse or expand: the arrows step the value, with the modifier only.
+        if (auto* slider = dynamic_cast<AttributeListSliderItem*> (valueItem)) {
+            if (!popupModifier) return Wg::KeyNotHandled;
+            StepSlider (*slider, code == Wg::Key::Right ? 1 : -1);
+            return Wg::KeyHandled;
+        }
         if (group != nullptr) {
             // The rebuild tells observers, which may destroy the list.
             Kor::LifeWatch alive (*this);
@@ -409,7 +429,8 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     }
 
     if (code == Wg::Key::NoSpecial && key.GetCharacter () == SpaceCharacter) {
-        if (auto* check = dynamic_cast<AttributeListCheckItem*> (valueItem)) {
+        // A disabled check row does nothing with the key, so the host may use it.
+        if (auto* check = dynamic_cast<AttributeListCheckItem*> (valueItem); check != nullptr && IsRowEditable (row)) {
             check->InvertCheckAndNotify ();
             return Wg::KeyHandled;
         }

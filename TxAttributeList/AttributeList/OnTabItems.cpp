@@ -1,5 +1,7 @@
 #include "TxAttributeList/OnTabItems.hpp"
 
+#include <algorithm>
+
 namespace TxAL {
 
 namespace {
@@ -7,64 +9,68 @@ namespace {
 // Controls start with no size; an item sizes them when it places them over a cell.
 const Wg::Rect NoRect (0, 0, 0, 0);
 
+template <typename Class>
+constexpr bool IsEditClass = std::is_base_of_v<Wg::TypingEdit, Class>;
+
+void CollectRealEdit (std::vector<Wg::RealEdit*>& edits, Wg::RealEdit& edit)
+{
+    edits.push_back (&edit);
+}
+
+template <typename Class>
+void CollectRealEdit (std::vector<Wg::RealEdit*>&, Class&)
+{
+}
+
 }   // namespace
 
+// The text edit's row names textEditMaxLength among its constructor arguments.
+#define TXAL_ON_TAB_CONSTRUCT(Class, Name, FocusRank, Query, Observer, ...) m##Name (panel, NoRect __VA_OPT__ (, ) __VA_ARGS__),
+
 OnTabItems::OnTabItems (const Wg::Panel& panel, short textEditMaxLength, bool editControlAutoUpdate)
-    : intEdit (panel, NoRect),
-      posIntEdit (panel, NoRect),
-      pk257 (panel, NoRect),
-      pk261 (panel, NoRect),
-      slider (panel, NoRect),
-      popupControl (panel, NoRect),
-      lengthEdit (panel, NoRect, Wg::RealSubtype::Length),
-      areaEdit (panel, NoRect, Wg::RealSubtype::Area),
-      volumeEdit (panel, NoRect, Wg::RealSubtype::Volume),
-      angleEdit (panel, NoRect, Wg::RealSubtype::Angle),
-      polarAngleEdit (panel, NoRect, Wg::RealSubtype::PolarAngle),
-      textEdit (panel, NoRect, 0, textEditMaxLength),
-      realEdit (panel, NoRect, Wg::RealSubtype::Real),
-      secondRealEdit (panel, NoRect, Wg::RealSubtype::Real),
-      ptStiffnessEdit (panel, NoRect, Wg::RealSubtype::Real),
-      prStiffnessEdit (panel, NoRect, Wg::RealSubtype::Real),
-      ltStiffnessEdit (panel, NoRect, Wg::RealSubtype::Real),
-      lrStiffnessEdit (panel, NoRect, Wg::RealSubtype::Real),
-      stStiffnessEdit (panel, NoRect, Wg::RealSubtype::Real),
-      trForceEdit (panel, NoRect, Wg::RealSubtype::Real),
-      rrMomentEdit (panel, NoRect, Wg::RealSubtype::Real),
-      plForceEdit (panel, NoRect, Wg::RealSubtype::Real),
-      plMomentEdit (panel, NoRect, Wg::RealSubtype::Real),
-      elForceEdit (panel, NoRect, Wg::RealSubtype::Real),
-      elMomentEdit (panel, NoRect, Wg::RealSubtype::Real),
-      slForceEdit (panel, NoRect, Wg::RealSubtype::Real),
-      button (panel, NoRect),
-      iconButton (panel, NoRect),
-      iconColumnPopup (panel, NoRect),
-      checkBox (panel, NoRect),
-      realEdits {&lengthEdit, &areaEdit, &volumeEdit, &angleEdit, &polarAngleEdit, &realEdit, &secondRealEdit,
-                 &ptStiffnessEdit, &prStiffnessEdit, &ltStiffnessEdit, &lrStiffnessEdit, &stStiffnessEdit, &trForceEdit,
-                 &rrMomentEdit, &plForceEdit, &plMomentEdit, &elForceEdit, &elMomentEdit, &slForceEdit}
+    : TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_CONSTRUCT) controls {}
 {
-    Wg::Item* all[] = {&intEdit, &posIntEdit, &pk257, &pk261, &slider, &popupControl, &textEdit,
-                       &button, &iconButton, &iconColumnPopup, &checkBox};
-    for (Wg::Item* control : all) control->Hide ();
-    for (Wg::RealEdit* edit : realEdits) edit->Hide ();
+#define TXAL_ON_TAB_REGISTER(Class, Name, FocusRank, Query, Observer, ...) \
+    controls.push_back ({&m##Name, #Name, FocusRank, IsEditClass<Class>});  \
+    CollectRealEdit (realEdits, m##Name);
+    TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_REGISTER)
+#undef TXAL_ON_TAB_REGISTER
+
+    std::vector<const Control*> focusable;
+    for (const Control& control : controls)
+        if (control.focusRank != NoFocus) focusable.push_back (&control);
+    const auto byRank = [] (const Control* a, const Control* b) { return a->focusRank < b->focusRank; };
+    std::stable_sort (focusable.begin (), focusable.end (), byRank);
+    for (const Control* control : focusable) focusOrder.push_back (control->item);
+
+    for (const Control& control : controls) control.item->Hide ();
     SetEditControlAutoUpdate (editControlAutoUpdate);
+}
+
+#undef TXAL_ON_TAB_CONSTRUCT
+
+const OnTabItems::Control* OnTabItems::FindControl (const Wg::Item* item) const
+{
+    if (item == nullptr) return nullptr;
+    auto found = std::find_if (controls.begin (), controls.end (), [item] (const Control& control) { return control.item == item; });
+    return found == controls.end () ? nullptr : &*found;
 }
 
 void OnTabItems::ClearUserControlCallbacks ()
 {
-    pk257.SetUserData (nullptr);
-    pk257.SetCallBack (nullptr);
-    pk261.SetUserData (nullptr);
-    pk261.SetCallBack (nullptr);
+    ForEachControl ([] (auto& control, auto) {
+        if constexpr (std::is_base_of_v<Pk::PickerControl, std::remove_reference_t<decltype (control)>>) {
+            control.SetUserData (nullptr);
+            control.SetCallBack (nullptr);
+        }
+    });
 }
 
 void OnTabItems::SetEditControlAutoUpdate (bool on)
 {
-    intEdit.SetAutoUpdate (on);
-    posIntEdit.SetAutoUpdate (on);
-    textEdit.SetAutoUpdate (on);
-    for (Wg::RealEdit* edit : realEdits) edit->SetAutoUpdate (on);
+    ForEachControl ([on] (auto& control, auto) {
+        if constexpr (IsEditClass<std::remove_reference_t<decltype (control)>>) control.SetAutoUpdate (on);
+    });
 }
 
 }   // namespace TxAL

@@ -4,7 +4,7 @@
 #include "Kor/Assert.hpp"
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
-#include "TxAttributeList/ValueItems.hpp"
+#include "TxAttributeList/RealItems.hpp"
 #include "Wg/WorkingUnits.hpp"
 
 namespace TxAL {

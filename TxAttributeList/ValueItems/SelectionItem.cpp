@@ -1,6 +1,6 @@
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
-#include "TxAttributeList/ValueItems.hpp"
+#include "TxAttributeList/SelectionAndTextItems.hpp"
 
 namespace TxAL {
 

@@ -1,7 +1,7 @@
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 #include "TxAttributeList/ResourceHelpers.hpp"
-#include "TxAttributeList/ValueItems.hpp"
+#include "TxAttributeList/SelectionAndTextItems.hpp"
 
 namespace TxAL {
 
@@ -16,18 +16,57 @@ short EditHeight (const Wg::ListBox& listBox)
     return static_cast<short> (listBox.GetItemHeight () - (listBox.HasSeparatorLines () ? 1 : 0) - 2);
 }
 
-// Places the list's text edit over the value cell, from the column's begin to end, loaded with
-// text and, when one was saved, the caret selection.
-void PlaceTextEdit (Wg::ListBox& listBox, OnTabItems& controls, short column, short end, const Kor::UniString& text,
-                    Kor::Range<int> selection)
-{
-    Wg::TextEdit& edit = controls.GetTextEdit ();
-    edit.SetWidth (end - listBox.GetTabFieldBeginPosition (column));
-    edit.SetHeight (EditHeight (listBox));
-    listBox.SetOnTabItem (column, edit);
-    edit.SetText (text);
-    if (selection.GetBegin () >= 0) edit.SetSelection (selection);
-}
+// The list's one text edit as the text and dictionary items use it: typed in place over the
+// value cell of the selected row. Does not own the edit.
+class InPlaceTextEdit {
+public:
+    InPlaceTextEdit (Wg::ListBox* listBox, OnTabItems* controls)
+        : listBox (listBox), edit (controls != nullptr ? &controls->GetTextEdit () : nullptr)
+    {
+    }
+
+    // Whether the edit stands over the list box for the item (only the selected row has one).
+    bool IsShown (bool itemSelected) const
+    {
+        return listBox != nullptr && edit != nullptr && itemSelected && listBox->IsOnTabItem (*edit);
+    }
+    bool IsFocused () const { return edit != nullptr && edit->IsFocused (); }
+    // The edit when the event is its own, else null.
+    Wg::TextEdit* SourceOf (const Wg::TextEditChangeEvent& event) const
+    {
+        return edit != nullptr && event.GetSource () == edit ? edit : nullptr;
+    }
+
+    // Lays the edit over the column, from its begin to end, loaded with text and, when one was
+    // saved, the caret selection.
+    void Place (short column, short end, const Kor::UniString& text, Kor::Range<int> selection) const
+    {
+        if (listBox == nullptr || edit == nullptr) return;
+        edit->SetWidth (end - listBox->GetTabFieldBeginPosition (column));
+        edit->SetHeight (EditHeight (*listBox));
+        listBox->SetOnTabItem (column, *edit);
+        edit->SetText (text);
+        if (selection.GetBegin () >= 0) edit->SetSelection (selection);
+    }
+    // Takes the edit off the column when it stands there.
+    void Remove (short column) const
+    {
+        if (listBox != nullptr && edit != nullptr && listBox->GetOnTabItem (column) == edit) listBox->RemoveOnTabItem (column);
+    }
+    // A program change of the text or the caret, shown at once when the edit is the item's.
+    void Load (bool itemSelected, const Kor::UniString& text) const
+    {
+        if (IsShown (itemSelected)) edit->SetText (text);
+    }
+    void Load (bool itemSelected, Kor::Range<int> selection) const
+    {
+        if (IsShown (itemSelected)) edit->SetSelection (selection);
+    }
+
+private:
+    Wg::ListBox*  listBox;
+    Wg::TextEdit* edit;
+};
 
 }   // namespace
 
@@ -48,23 +87,17 @@ AttributeListTextItem::AttributeListTextItem (const Kor::UniString& name, const 
 
 bool AttributeListTextItem::IsTextEditShown () const
 {
-    const Wg::ListBox* listBox = GetListBox ();
-    OnTabItems* controls = GetOnTabItems ();
-    return listBox != nullptr && controls != nullptr && IsSelected () && listBox->IsOnTabItem (controls->GetTextEdit ());
+    return InPlaceTextEdit (GetListBox (), GetOnTabItems ()).IsShown (IsSelected ());
 }
 
 void AttributeListTextItem::ShowOnTabItem () const
 {
-    Wg::ListBox* listBox = GetListBox ();
-    OnTabItems* controls = GetOnTabItems ();
-    if (listBox == nullptr || controls == nullptr) return;
-    const short column = GetAttributeNameColumnIndex ();
-    if (!editable) {
-        // Made read-only while its row is shown: the edit goes, so that nobody types on.
-        if (listBox->GetOnTabItem (column) == &controls->GetTextEdit ()) listBox->RemoveOnTabItem (column);
-        return;
-    }
-    PlaceTextEdit (*listBox, *controls, column, GetTextEndPosition (), text, GetLastSelection ());
+    const InPlaceTextEdit edit (GetListBox (), GetOnTabItems ());
+    // Made read-only while its row is shown: the edit goes, so that nobody types on.
+    if (!editable)
+        edit.Remove (GetAttributeNameColumnIndex ());
+    else
+        edit.Place (GetAttributeNameColumnIndex (), GetTextEndPosition (), text, GetLastSelection ());
 }
 
 short AttributeListTextItem::GetTextEndPosition () const
@@ -75,20 +108,28 @@ short AttributeListTextItem::GetTextEndPosition () const
 
 void AttributeListTextItem::SetText (const Kor::UniString& newText, bool syncSelection)
 {
-    if (newText == text) return;
+    Kor::LifeWatch alive (*this);
+    if (!StoreText (newText, syncSelection) || alive.IsGone ()) return;
+    RefreshItem (true);
+}
+
+bool AttributeListTextItem::StoreText (const Kor::UniString& newText, bool syncSelection)
+{
+    if (newText == text) return false;
     text = newText;
-    if (IsTextEditShown ()) GetOnTabItems ()->GetTextEdit ().SetText (text);
-    if (!valueListEnabled || !syncSelection) return;
+    InPlaceTextEdit (GetListBox (), GetOnTabItems ()).Load (IsSelected (), text);
+    if (!valueListEnabled || !syncSelection) return true;
     const Kor::Array<PopupItem>& entries = GetEntries ();
     // A separator counts too: its empty text matches an empty text and ends the search, leaving
     // the selection and the custom entry as they are. Intended.
     for (std::size_t i = 0; i < entries.GetSize (); ++i) {
         if (entries[i].GetText () == text) {
             SelectItem (static_cast<short> (i + 1));
-            return;
+            return true;
         }
     }
     if (autoCustomHandling) SetCustomText (text);
+    return true;
 }
 
 void AttributeListTextItem::SetCustomText (const Kor::UniString& newCustomText)
@@ -99,7 +140,7 @@ void AttributeListTextItem::SetCustomText (const Kor::UniString& newCustomText)
 
     if (newCustomText.IsEmpty ()) {
         customText.Clear ();
-        if (autoCustomHandling && customWasSelected) SetText (Kor::UniString (), false);
+        if (autoCustomHandling && customWasSelected) StoreText (Kor::UniString (), false);
         // Only the custom entry goes: without a value list none was added, and the last entry
         // is then a real suggestion.
         const Kor::Array<PopupItem>& entries = GetEntries ();
@@ -115,7 +156,7 @@ void AttributeListTextItem::SetCustomText (const Kor::UniString& newCustomText)
     }
     if (autoCustomHandling && text == newCustomText) SelectItem (static_cast<short> (GetEntries ().GetSize ()));
     customText = newCustomText;
-    if (autoCustomHandling && customWasSelected) SetText (customText, false);
+    if (autoCustomHandling && customWasSelected) StoreText (customText, false);
 }
 
 void AttributeListTextItem::AddStringItem (const Kor::UniString& value)
@@ -167,7 +208,7 @@ void AttributeListTextItem::DisableValueList ()
 void AttributeListTextItem::SetSelection (Kor::Range<int> selection)
 {
     SetLastSelection (selection);
-    if (IsTextEditShown ()) GetOnTabItems ()->GetTextEdit ().SetSelection (selection);
+    InPlaceTextEdit (GetListBox (), GetOnTabItems ()).Load (IsSelected (), selection);
 }
 
 void AttributeListTextItem::ClearListItem (short row) const
@@ -194,19 +235,20 @@ void AttributeListTextItem::InitializeOnTabItems () const
 
 void AttributeListTextItem::TextEditChanged (const Wg::TextEditChangeEvent& event)
 {
-    OnTabItems* controls = GetOnTabItems ();
-    if (controls == nullptr || event.GetSource () != &controls->GetTextEdit ()) return;
-    Wg::TextEdit& edit = controls->GetTextEdit ();
+    Wg::TextEdit* edit = InPlaceTextEdit (GetListBox (), GetOnTabItems ()).SourceOf (event);
+    if (edit == nullptr) return;
     // Kept, so that the caret survives a redraw of the row.
-    SetLastSelection (edit.GetSelection ());
-    SetText (edit.GetText (), true);
+    SetLastSelection (edit->GetSelection ());
+    Kor::LifeWatch alive (*this);
+    StoreText (edit->GetText (), true);
+    if (alive.IsGone ()) return;
     if (!RefreshItem (false)) return;
     NotifyObservers<AttributeListTextItemObserver> ([this] (AttributeListTextItemObserver& o) { o.TextChanged (*this); });
 }
 
 bool AttributeListTextItem::HasFocusedEditField ()
 {
-    return GetOnTabItems () != nullptr && GetOnTabItems ()->GetTextEdit ().IsFocused ();
+    return InPlaceTextEdit (GetListBox (), GetOnTabItems ()).IsFocused ();
 }
 
 bool AttributeListTextItem::IsOwnerDrawn () const
@@ -241,9 +283,9 @@ void AttributeListTextItem::PkPopupControlChanged (const Wg::UserControlChangeEv
     if (alive.IsGone ()) return;
     const short count = static_cast<short> (GetEntries ().GetSize ());
     if (!customText.IsEmpty () && GetSelected () == count)
-        SetText (customText, false);
+        StoreText (customText, false);
     else
-        SetText (GetSelectedString (), false);
+        StoreText (GetSelectedString (), false);
     if (alive.IsGone () || !RefreshItem (false)) return;
     NotifyObservers<AttributeListTextItemObserver> ([this] (AttributeListTextItemObserver& o) { o.TextChanged (*this); });
 }
@@ -289,17 +331,13 @@ AttributeListDictionaryItem::AttributeListDictionaryItem (const Kor::UniString& 
 
 bool AttributeListDictionaryItem::IsTextEditShown () const
 {
-    const Wg::ListBox* listBox = GetListBox ();
-    OnTabItems* controls = GetOnTabItems ();
-    return listBox != nullptr && controls != nullptr && IsSelected () && listBox->IsOnTabItem (controls->GetTextEdit ());
+    return InPlaceTextEdit (GetListBox (), GetOnTabItems ()).IsShown (IsSelected ());
 }
 
 void AttributeListDictionaryItem::ShowOnTabItem () const
 {
-    Wg::ListBox* listBox = GetListBox ();
-    OnTabItems* controls = GetOnTabItems ();
-    if (listBox == nullptr || controls == nullptr) return;
-    PlaceTextEdit (*listBox, *controls, GetAttributeNameColumnIndex (), GetTextEndPosition (), text, GetLastSelection ());
+    const InPlaceTextEdit edit (GetListBox (), GetOnTabItems ());
+    edit.Place (GetAttributeNameColumnIndex (), GetTextEndPosition (), text, GetLastSelection ());
 }
 
 short AttributeListDictionaryItem::GetTextEndPosition () const
@@ -312,14 +350,14 @@ void AttributeListDictionaryItem::SetText (const Kor::UniString& newText)
 {
     if (newText == text) return;
     text = newText;
-    if (IsTextEditShown ()) GetOnTabItems ()->GetTextEdit ().SetText (text);
+    InPlaceTextEdit (GetListBox (), GetOnTabItems ()).Load (IsSelected (), text);
     RefreshItem (true);
 }
 
 void AttributeListDictionaryItem::SetSelection (Kor::Range<int> selection)
 {
     SetLastSelection (selection);
-    if (IsTextEditShown ()) GetOnTabItems ()->GetTextEdit ().SetSelection (selection);
+    InPlaceTextEdit (GetListBox (), GetOnTabItems ()).Load (IsSelected (), selection);
 }
 
 void AttributeListDictionaryItem::ClearListItem (short row) const
@@ -345,18 +383,17 @@ void AttributeListDictionaryItem::InitializeOnTabItems () const
 
 void AttributeListDictionaryItem::TextEditChanged (const Wg::TextEditChangeEvent& event)
 {
-    OnTabItems* controls = GetOnTabItems ();
-    if (controls == nullptr || event.GetSource () != &controls->GetTextEdit ()) return;
-    Wg::TextEdit& edit = controls->GetTextEdit ();
-    SetLastSelection (edit.GetSelection ());
-    SetText (edit.GetText ());
+    Wg::TextEdit* edit = InPlaceTextEdit (GetListBox (), GetOnTabItems ()).SourceOf (event);
+    if (edit == nullptr) return;
+    SetLastSelection (edit->GetSelection ());
+    SetText (edit->GetText ());
     if (!RefreshItem (false)) return;
     NotifyObservers<AttributeListDictionaryItemObserver> ([this] (AttributeListDictionaryItemObserver& o) { o.TextChanged (*this); });
 }
 
 bool AttributeListDictionaryItem::HasFocusedEditField ()
 {
-    return GetOnTabItems () != nullptr && GetOnTabItems ()->GetTextEdit ().IsFocused ();
+    return InPlaceTextEdit (GetListBox (), GetOnTabItems ()).IsFocused ();
 }
 
 bool AttributeListDictionaryItem::IsOwnerDrawn () const

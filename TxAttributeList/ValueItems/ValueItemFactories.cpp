@@ -78,6 +78,12 @@ AttributeListSeparatorItem* AttributeList::CreateSeparatorItem ()
     return CreateOwnedItem<AttributeListSeparatorItem> ();
 }
 
+AttributeListIntervalItem* AttributeList::CreateIntervalItem (const Text& name, const Wg::Icon& icon, double intervalBeg, double intervalEnd,
+                                                              const Text& betweenText, bool endHidden, bool status, bool boldText)
+{
+    return CreateOwnedItem<AttributeListIntervalItem> (name, icon, intervalBeg, intervalEnd, betweenText, endHidden, status, boldText);
+}
+
 // --- AttributeListGroupItem ---
 
 AttributeListTextItem* AttributeListGroupItem::CreateTextItem (bool asMaster, const Text& name, const Wg::Icon& icon, const Text& text,
@@ -137,6 +143,14 @@ AttributeListIconButtonItem* AttributeListGroupItem::CreateIconButtonItem (bool 
 AttributeListSeparatorItem* AttributeListGroupItem::CreateSeparatorItem ()
 {
     return CreateOwnedItem<AttributeListSeparatorItem> (false);
+}
+
+AttributeListIntervalItem* AttributeListGroupItem::CreateIntervalItem (bool asMaster, const Text& name, const Wg::Icon& icon,
+                                                                       double intervalBeg, double intervalEnd, const Text& betweenText,
+                                                                       bool endHidden, bool status, bool boldText)
+{
+    return CreateOwnedItem<AttributeListIntervalItem> (asMaster, name, icon, intervalBeg, intervalEnd, betweenText, endHidden, status,
+                                                       boldText);
 }
 
 }   // namespace TxAL

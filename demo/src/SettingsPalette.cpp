@@ -26,6 +26,8 @@ constexpr int CalculateIcon = 31893;
 constexpr double MaxLength = 1000.0;
 constexpr double MaxArea = 1.0e6;
 constexpr double MaxVolume = 1.0e7;
+constexpr int    PercentMax = 100;
+constexpr int    DetailStep = 10;
 
 const char* const Layers[] = {"Walls - Exterior", "Walls - Interior", "Slabs", "Doors", "Windows", "Zones"};
 const char* const Structures[] = {"Basic", "Composite", "Profile"};
@@ -80,12 +82,20 @@ SettingsPalette::SettingsPalette (Wg::Panel& panel, BuildingModel& model)
       model (model),
       listBox (panel, Wg::Rect (Margin, Margin, panel.GetWidth () - Margin, panel.GetHeight () - Margin), ListBoxId,
                Wg::ListBox::VScroll, true),
+      percentStrategy (1),
+      detailStrategy (DetailStep),
       list (panel, ListBoxId,
             TxAL::AttributeList::OptionalParameters ()
                 .SetHeaderString1 ("Setting")
                 .SetHeaderString2 ("Value")
                 .SetHeaderType (TxAL::AttributeList::SynchronizedHeader))
 {
+    // Whole numbers take effect when confirmed (Return, Tab, leaving the edit), not at each
+    // keystroke: a slider's strategy then snaps the number the user meant.
+    list.GetOnTabItems ().GetIntEdit ().SetAutoUpdate (false);
+    const auto storeStep = [this] (const TxAL::AttributeListSliderItem& item, int value) { Store (item, std::to_string (value)); };
+    percentStrategy.keyboardStepped = storeStep;
+    detailStrategy.keyboardStepped = storeStep;
     panel.Attach (*this);
 }
 
@@ -169,6 +179,13 @@ void SettingsPalette::Build (Element& element)
                                                true, true, false);
         storey->Attach (static_cast<AttributeListRealItemObserver&> (*this));
         Bind (storey, "storey");
+    }
+    if (has ("storeyFrom")) {
+        // An element that runs through several storeys; without an upper storey it runs to the top.
+        auto* storeys = general->CreateIntervalItem (false, "Storeys from", LibIcon (NumberIcon), Number (element, "storeyFrom"),
+                                                     Number (element, "storeyTo"), "to", !has ("storeyTo"), true, false);
+        storeys->Attach (static_cast<AttributeListIntervalItemObserver&> (*this));
+        Bind (storeys, "storeyFrom");
     }
 
     AttributeListGroupItem* geometry = list.CreateGroup ("Geometry", LibIcon (LengthIcon), true, true);
@@ -276,6 +293,13 @@ void SettingsPalette::Build (Element& element)
         Bind (heated, "heated");
     }
 
+    if (has ("transparency") || has ("detailLevel")) {
+        AttributeListGroupItem* display = list.CreateGroup ("Display", LibIcon (PropertyIcon), true, true);
+        if (has ("transparency")) AddSlider (*display, "Transparency (%)", element, "transparency", &percentStrategy);
+        // Levels of detail come in steps of ten.
+        if (has ("detailLevel")) AddSlider (*display, "Level of detail", element, "detailLevel", &detailStrategy);
+    }
+
     list.CreateSeparatorItem ();
     auto* info = new AttributeListInfoItem ("Element type", LibIcon (PropertyIcon), true, false);
     info->SetAttributeInfoText (element.GetKind ());
@@ -283,6 +307,23 @@ void SettingsPalette::Build (Element& element)
     list.AddListItem (info);
 
     list.EnableUpdate ();
+}
+
+void SettingsPalette::AddSlider (TxAL::AttributeListGroupItem& group, const char* label, const Element& element, const char* key,
+                                 TxAL::AttributeListSliderItemStrategy* strategy)
+{
+    // Slider items have no factory: the palette makes and keeps them.
+    auto* slider = new TxAL::AttributeListSliderItem ();
+    ownedItems.emplace_back (slider);
+    slider->SetName (label);
+    slider->SetIcon (LibIcon (NumberIcon));
+    slider->SetMinValue (0);
+    slider->SetMaxValue (PercentMax);
+    slider->SetValue (static_cast<int> (std::lround (Number (element, key))));
+    slider->SetStrategy (strategy);
+    slider->Attach (static_cast<TxAL::AttributeListSliderItemObserver&> (*this));
+    group.AddItem (slider);
+    Bind (slider, key);
 }
 
 void SettingsPalette::Store (const TxAL::AttributeListItem& item, const std::string& value)
@@ -321,6 +362,19 @@ void SettingsPalette::ValueChanged (const TxAL::AttributeListRealItem& item)
         Store (item, std::to_string (integer->GetValue ()));
     else
         Store (item, FormatNumber (item.GetValue ()));
+}
+
+void SettingsPalette::ValueChanged (const TxAL::AttributeListSliderItem& item)
+{
+    Store (item, std::to_string (item.GetValue ()));
+}
+
+void SettingsPalette::ValueChanged (const TxAL::AttributeListIntervalItem& item)
+{
+    Element* element = model.Find (elementId);
+    if (element == nullptr) return;
+    element->Set ("storeyFrom", FormatNumber (item.GetIntervalBeg ()));
+    if (!item.IsEndHidden ()) element->Set ("storeyTo", FormatNumber (item.GetIntervalEnd ()));
 }
 
 void SettingsPalette::CheckChanged (const TxAL::AttributeListCheckItem& item)

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "BuildingModel.hpp"
+#include "StepSnapStrategy.hpp"
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/ValueItems.hpp"
 
@@ -19,6 +20,8 @@ class SettingsPalette : public TxAL::AttributeListTextItemObserver,
                         public TxAL::AttributeListCheckItemObserver,
                         public TxAL::AttributeListButtonItemObserver,
                         public TxAL::AttributeListIconButtonItemObserver,
+                        public TxAL::AttributeListSliderItemObserver,
+                        public TxAL::AttributeListIntervalItemObserver,
                         public Wg::PanelObserver {
 public:
     static constexpr short ListBoxId = 10;
@@ -49,6 +52,8 @@ protected:
     void ButtonClicked (const TxAL::AttributeListButtonItem& item) override;
     void ButtonClicked (const TxAL::AttributeListIconButtonItem& item) override;
     void ButtonIconClicked (const TxAL::AttributeListIconButtonItem& item) override;
+    void ValueChanged (const TxAL::AttributeListSliderItem& item) override;
+    void ValueChanged (const TxAL::AttributeListIntervalItem& item) override;
 
     // --- Wg::PanelObserver ---
     void PanelResized (const Wg::PanelResizeEvent& event) override;
@@ -59,10 +64,17 @@ private:
     void Store (const TxAL::AttributeListItem& item, const std::string& value);
     void Recalculate ();
     void NextProfile (const TxAL::AttributeListIconButtonItem& item);
+    // A 0–100 slider for a setting, added to the group (with a strategy, or none).
+    void AddSlider (TxAL::AttributeListGroupItem& group, const char* label, const Element& element, const char* key,
+                    TxAL::AttributeListSliderItemStrategy* strategy);
 
     Wg::Panel&                                                    panel;
     BuildingModel&                                                model;
     Wg::SingleSelListBox                                          listBox;
+    // The sliders' strategies (percentages by one, levels of detail by ten); declared before
+    // the list and the items so that they outlive them.
+    StepSnapStrategy                                              percentStrategy;
+    StepSnapStrategy                                              detailStrategy;
     TxAL::AttributeList                                           list;
     std::string                                                   elementId;
     // Items the palette made itself (the list's factories make the others and own them).

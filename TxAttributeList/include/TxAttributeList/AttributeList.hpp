@@ -16,6 +16,7 @@
 #include "Kor/Event.hpp"
 #include "TxAttributeList/AttributeListGroupItem.hpp"
 #include "TxAttributeList/AttributeListItems.hpp"
+#include "TxAttributeList/OnTabControls.hpp"
 #include "Wg/Controls.hpp"
 #include "Wg/Key.hpp"
 #include "Wg/ListBox.hpp"
@@ -203,6 +204,8 @@ public:
     AttributeListIconButtonItem* CreateIconButtonItem (const Kor::UniString& name, const Wg::Icon& icon, const Kor::UniString& text,
                                                        const Kor::UniString& tagText, const Wg::Icon& buttonIcon, bool status, bool boldText);
     AttributeListSeparatorItem* CreateSeparatorItem ();
+    AttributeListIntervalItem* CreateIntervalItem (const Kor::UniString& name, const Wg::Icon& icon, double intervalBeg, double intervalEnd,
+                                                   const Kor::UniString& betweenText, bool endHidden, bool status, bool boldText);
     void CollapseAllGroups ();
     void ExpandAllGroups ();
 
@@ -246,28 +249,15 @@ public:
     void SelectItem (AttributeListItem* item, bool setFocus);
     OnTabItems& GetOnTabItems () const { return *onTabItems; }
 
-    bool IsIntEditOnTabItemVisible () const;
-    bool IsPosIntEditOnTabItemVisible () const;
-    bool IsSliderOnTabItemVisible () const;
-    bool IsLengthEditOnTabItemVisible () const;
-    bool IsAreaEditOnTabItemVisible () const;
-    bool IsVolumeEditOnTabItemVisible () const;
-    bool IsAngleEditOnTabItemVisible () const;
-    bool IsPolarAngleEditOnTabItemVisible () const;
-    bool IsTextEditOnTabItemVisible () const;
-    bool IsRealEditOnTabItemVisible () const;
-    bool IsPTStiffnessEditOnTabItemVisible () const;
-    bool IsPRStiffnessEditOnTabItemVisible () const;
-    bool IsLTStiffnessEditOnTabItemVisible () const;
-    bool IsLRStiffnessEditOnTabItemVisible () const;
-    bool IsSTStiffnessEditOnTabItemVisible () const;
-    bool IsTRForceEditOnTabItemVisible () const;
-    bool IsRRMomentEditOnTabItemVisible () const;
-    bool IsPLForceEditOnTabItemVisible () const;
-    bool IsPLMomentEditOnTabItemVisible () const;
-    bool IsELForceEditOnTabItemVisible () const;
-    bool IsELMomentEditOnTabItemVisible () const;
-    bool IsSLForceEditOnTabItemVisible () const;
+    // Whether a control stands over a column of the list box now: Is<Name>OnTabItemVisible for
+    // every control of the table that asks for a query (IsLengthEditOnTabItemVisible, ...).
+#define TXAL_ON_TAB_QUERY_VisibilityQuery(Name) bool Is##Name##OnTabItemVisible () const;
+#define TXAL_ON_TAB_QUERY_NoQuery(Name)
+#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) TXAL_ON_TAB_QUERY_##Query (Name)
+    TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_QUERY)
+#undef TXAL_ON_TAB_QUERY
+#undef TXAL_ON_TAB_QUERY_NoQuery
+#undef TXAL_ON_TAB_QUERY_VisibilityQuery
 
     // --- Keyboard (the list's low-level handler) ---
     Wg::KeyResult KeyPressed (const Wg::Key::Code& key, Wg::Item** sourceItem) override;
@@ -295,6 +285,8 @@ private:
     void SetColumnFormatting ();
     void CalculateResizeableColumnsRatio ();
     void AssignListItemToList (AttributeListItem* item, short row);
+    // DeleteListItem for an item known to be one of the top-level items.
+    void RemoveTopLevelItem (AttributeListItem* item, bool deleteIfOwnCreated);
     void AppendRowFor (AttributeListItem* item);
     void RemoveOnTabItemsFromAllColumns ();
     AttributeListItem* GetItemOfRow (short row) const;
@@ -303,6 +295,10 @@ private:
     // Sends what the user typed into the focused in-place edit before an operation takes the
     // edit away; the focus stays. Runs observers: callers check what survived.
     void CommitEditing ();
+    // Whether the row's item (and, on a group's row, its master) is enabled, and the row too.
+    bool IsRowEditable (short row) const;
+    // Whether the user is typing into one of the edits placed on the selected row.
+    bool IsTypingInPlacedEdit () const;
     bool IsOnTabControl (const Wg::Item* item) const;
     Wg::KeyResult MoveSelection (short step);
 

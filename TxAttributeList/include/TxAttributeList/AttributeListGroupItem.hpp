@@ -83,6 +83,9 @@ public:
                                                        bool status, bool boldText);
     // A separator is never a master.
     AttributeListSeparatorItem* CreateSeparatorItem ();
+    AttributeListIntervalItem* CreateIntervalItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon, double intervalBeg,
+                                                   double intervalEnd, const Kor::UniString& betweenText, bool endHidden, bool status,
+                                                   bool boldText);
 
     // --- Overrides of AttributeListItem ---
     void AssignToList (AttributeList* newList) override;

@@ -47,7 +47,7 @@ class AttributeListGroupItem;
 class AttributeListItem;
 class OnTabItems;
 
-// The value items, which the list's and the group's factories make (ValueItems.hpp).
+// The value items, which the list's and the group's factories make (ValueItems.hpp and the family headers it includes).
 class AttributeListSelectionItem;
 class AttributeListTextItem;
 class AttributeListTaggedTextItem;
@@ -62,6 +62,7 @@ class AttributeListCheckItem;
 class AttributeListButtonItem;
 class AttributeListIconButtonItem;
 class AttributeListSeparatorItem;
+class AttributeListIntervalItem;
 
 class AttributeListItemObserver : public virtual Kor::EventObserver {
 public:

@@ -1,11 +1,16 @@
 #pragma once
 // OnTabItems: the attribute list's one set of in-place controls. The list creates them on its
 // panel, observes them all and lays those that the selected row's item needs over that row's
-// columns. Items use the controls; they never own them.
+// columns. Items use the controls; they never own them. The controls are those of the table in
+// OnTabControls.hpp.
+
+#include <type_traits>
+#include <vector>
 
 #include "Pk/Pk257.hpp"
 #include "Pk/Pk261.hpp"
 #include "Pk/PopupControl.hpp"
+#include "TxAttributeList/OnTabControls.hpp"
 #include "Wg/Controls.hpp"
 #include "Wg/NumberEdit.hpp"
 #include "Wg/Panel.hpp"
@@ -15,82 +20,61 @@ namespace TxAL {
 
 class OnTabItems {
 public:
+    // The rank of a control that SetFocusToEditControl never focuses.
+    static constexpr int NoFocus = 0;
+
+    // One row of the table as the list sees it at run time.
+    struct Control {
+        Wg::Item*   item;
+        const char* name;        // the table's Name: "LengthEdit"
+        int         focusRank;   // NoFocus or the rank in the focus order
+        bool        isEdit;      // an edit the user types in (auto-update applies to it)
+    };
+
     OnTabItems (const Wg::Panel& panel, short textEditMaxLength, bool editControlAutoUpdate);
     OnTabItems (const OnTabItems&) = delete;
     OnTabItems& operator= (const OnTabItems&) = delete;
 
-    Wg::IntEdit&       GetIntEdit () { return intEdit; }
-    Wg::PosIntEdit&    GetPosIntEdit () { return posIntEdit; }
-    Pk::Pk257&         GetPk257 () { return pk257; }
-    Pk::Pk261&         GetPk261 () { return pk261; }
-    Wg::BarControl&    GetSlider () { return slider; }
-    Pk::PopupControl&  GetPopupControl () { return popupControl; }
-    Wg::RealEdit&      GetLengthEdit () { return lengthEdit; }
-    Wg::RealEdit&      GetAreaEdit () { return areaEdit; }
-    Wg::RealEdit&      GetVolumeEdit () { return volumeEdit; }
-    Wg::RealEdit&      GetAngleEdit () { return angleEdit; }
-    Wg::RealEdit&      GetPolarAngleEdit () { return polarAngleEdit; }
-    Wg::TextEdit&      GetTextEdit () { return textEdit; }
-    Wg::RealEdit&      GetRealEdit () { return realEdit; }
-    Wg::RealEdit&      GetSecondRealEdit () { return secondRealEdit; }
-    Wg::RealEdit&      GetPTStiffnessEdit () { return ptStiffnessEdit; }
-    Wg::RealEdit&      GetPRStiffnessEdit () { return prStiffnessEdit; }
-    Wg::RealEdit&      GetLTStiffnessEdit () { return ltStiffnessEdit; }
-    Wg::RealEdit&      GetLRStiffnessEdit () { return lrStiffnessEdit; }
-    Wg::RealEdit&      GetSTStiffnessEdit () { return stStiffnessEdit; }
-    Wg::RealEdit&      GetTRForceEdit () { return trForceEdit; }
-    Wg::RealEdit&      GetRRMomentEdit () { return rrMomentEdit; }
-    Wg::RealEdit&      GetPLForceEdit () { return plForceEdit; }
-    Wg::RealEdit&      GetPLMomentEdit () { return plMomentEdit; }
-    Wg::RealEdit&      GetELForceEdit () { return elForceEdit; }
-    Wg::RealEdit&      GetELMomentEdit () { return elMomentEdit; }
-    Wg::RealEdit&      GetSLForceEdit () { return slForceEdit; }
-    Wg::ButtonItem&    GetButton () { return button; }
-    Wg::ButtonItem&    GetIconButton () { return iconButton; }
-    Pk::PopupControl&  GetIconColumnPopup () { return iconColumnPopup; }
-    Wg::PushCheck&     GetCheckBox () { return checkBox; }
+#define TXAL_ON_TAB_GETTER(Class, Name, ...) \
+    Class& Get##Name () { return m##Name; }
+    TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_GETTER)
+#undef TXAL_ON_TAB_GETTER
 
-    // Every real edit, in the order above.
-    Wg::RealEdit* const* GetRealEdits () const { return realEdits; }
-    static constexpr int RealEditCount = 19;
+    // Every control in table order; the edits that take the focus, in focus order.
+    const std::vector<Control>&   GetControls () const { return controls; }
+    const std::vector<Wg::Item*>& GetFocusOrder () const { return focusOrder; }
+    const Control*                FindControl (const Wg::Item* item) const;
 
-    // Forgets the user data and callbacks of the two picker controls.
+    // Every real edit, in table order.
+    Wg::RealEdit* const* GetRealEdits () const { return realEdits.data (); }
+#define TXAL_ON_TAB_COUNT_REAL_EDIT(Class, ...) +(std::is_same_v<Class, Wg::RealEdit> ? 1 : 0)
+    static constexpr int RealEditCount = 0 TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_COUNT_REAL_EDIT);
+#undef TXAL_ON_TAB_COUNT_REAL_EDIT
+
+    // Calls fn (control, std::type_identity<Observer> {}) for every control in table order, so
+    // that a caller can attach the observer interface that the table names for it.
+    template <typename Fn>
+    void ForEachControl (Fn&& fn)
+    {
+#define TXAL_ON_TAB_VISIT(Class, Name, FocusRank, Query, Observer, ...) fn (m##Name, std::type_identity<Observer> {});
+        TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_VISIT)
+#undef TXAL_ON_TAB_VISIT
+    }
+
+    // Forgets the user data and callbacks of the picker controls.
     void ClearUserControlCallbacks ();
     // Applies a new auto-update mode to every edit.
     void SetEditControlAutoUpdate (bool on);
 
 private:
-    Wg::IntEdit      intEdit;
-    Wg::PosIntEdit   posIntEdit;
-    Pk::Pk257        pk257;
-    Pk::Pk261        pk261;
-    Wg::BarControl   slider;
-    Pk::PopupControl popupControl;
-    Wg::RealEdit     lengthEdit;
-    Wg::RealEdit     areaEdit;
-    Wg::RealEdit     volumeEdit;
-    Wg::RealEdit     angleEdit;
-    Wg::RealEdit     polarAngleEdit;
-    Wg::TextEdit     textEdit;
-    Wg::RealEdit     realEdit;
-    Wg::RealEdit     secondRealEdit;
-    Wg::RealEdit     ptStiffnessEdit;
-    Wg::RealEdit     prStiffnessEdit;
-    Wg::RealEdit     ltStiffnessEdit;
-    Wg::RealEdit     lrStiffnessEdit;
-    Wg::RealEdit     stStiffnessEdit;
-    Wg::RealEdit     trForceEdit;
-    Wg::RealEdit     rrMomentEdit;
-    Wg::RealEdit     plForceEdit;
-    Wg::RealEdit     plMomentEdit;
-    Wg::RealEdit     elForceEdit;
-    Wg::RealEdit     elMomentEdit;
-    Wg::RealEdit     slForceEdit;
-    Wg::ButtonItem   button;
-    Wg::ButtonItem   iconButton;
-    Pk::PopupControl iconColumnPopup;
-    Wg::PushCheck    checkBox;
-    Wg::RealEdit*    realEdits[RealEditCount];
+    // Generated member names: m<Name>.
+#define TXAL_ON_TAB_MEMBER(Class, Name, ...) Class m##Name;
+    TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_MEMBER)
+#undef TXAL_ON_TAB_MEMBER
+
+    std::vector<Control>       controls;
+    std::vector<Wg::Item*>     focusOrder;
+    std::vector<Wg::RealEdit*> realEdits;
 };
 
 }   // namespace TxAL

@@ -10,12 +10,12 @@
 #include "Wg/Panel.hpp"
 
 // Flow of user input:
-//   Panel::KeyPress -> HandleKey
-//     character, Backspace, Delete -> UserType / buffer edit -> Typed -> TryAccept (auto update on)
+//   Panel::KeyPress -> TypingEdit::HandleKey
+//     character, Backspace, Delete -> UserType -> TypeCharacter / HandleEditingKey -> Typed -> TryAccept (auto update on)
 //     Return, Enter, Tab           -> Commit -> TryAccept (committing: reformat, then the event)
 //                                             or ShowValueText when the buffer does not parse
 //     Escape                       -> Revert -> ShowValueText
-//   Panel::SetFocusedItem (another item) -> FocusChanged (false) -> Commit, then ItemFocusLost
+//   Panel::SetFocusedItem (another item) -> TypingEdit::FocusChanged (false) -> Commit, then ItemFocusLost
 //
 // TryAccept sends the change event as its very last step: an observer may destroy the edit.
 
@@ -86,27 +86,18 @@ void PosIntEditObserver::PosIntEditChanged (const PosIntEditChangeEvent&) {}
 
 // --- NumberEditBase ---
 
-NumberEditBase::NumberEditBase (const Panel& panel, const Rect& rect, short id) : Item (panel, rect, id) {}
+NumberEditBase::NumberEditBase (const Panel& panel, const Rect& rect, short id) : TypingEdit (panel, rect, id) {}
 
-void NumberEditBase::UserType (const Kor::UniString& characters)
+bool NumberEditBase::TypeCharacter (const Kor::UniString& character)
 {
-    Kor::LifeWatch watch (*this);
-    std::size_t index = 0;
-    while (index < characters.GetLength ()) {
-        const std::size_t characterLength = Detail::CharacterLengthAt (characters, index);
-        const Kor::UniString character = characters.GetSubstring (index, characterLength);
-        index += characterLength;
-        if (!IsEnabled () || !IsVisible ()) return;
-        if (!Detail::IsTypeable (character)) continue;
-        // The shown value counts as selected as a whole: the first character replaces it.
-        const std::size_t kept = editing ? text.GetLength () : 0;
-        if (kept + characterLength > MaxBufferLength) continue;
-        if (!editing) text.Clear ();
-        editing = true;
-        text += character;
-        Typed ();
-        if (watch.IsGone ()) return;
-    }
+    // The shown value counts as selected as a whole: the first character replaces it.
+    const std::size_t kept = editing ? text.GetLength () : 0;
+    if (kept + character.GetLength () > MaxBufferLength) return false;
+    if (!editing) text.Clear ();
+    editing = true;
+    text += character;
+    Typed ();
+    return true;
 }
 
 void NumberEditBase::UserSetText (const Kor::UniString& newText)
@@ -119,21 +110,9 @@ void NumberEditBase::UserSetText (const Kor::UniString& newText)
     Typed ();
 }
 
-bool NumberEditBase::HandleKey (const Key::Code& key)
+bool NumberEditBase::HandleEditingKey (const Key::Code& key)
 {
-    if (!IsEnabled () || !IsVisible ()) return false;
     switch (key.GetCode ()) {
-        case Key::Return:
-        case Key::Enter:
-            Commit ();
-            return true;
-        case Key::Tab:
-            // Committed, but not used: the panel or host moves the focus on.
-            Commit ();
-            return false;
-        case Key::Escape:
-            Revert ();
-            return true;
         case Key::Backspace:
         case Key::Delete:
             // The caret stands at the end of what is typed; a shown value is selected as a whole.
@@ -145,10 +124,6 @@ bool NumberEditBase::HandleKey (const Key::Code& key)
                 return true;
             editing = true;
             Typed ();
-            return true;
-        case Key::NoSpecial:
-            if (key.HasModifier (Key::Command) || key.GetCharacter () < u' ') return false;
-            UserType (Kor::UniString (1, key.GetCharacter ()));
             return true;
         default:
             return false;
@@ -169,19 +144,6 @@ void NumberEditBase::Revert ()
     if (editing) ShowValueText ();
 }
 
-void NumberEditBase::FocusChanged (bool gained)
-{
-    if (gained) {
-        Item::FocusChanged (true);
-        return;
-    }
-    // What was typed is committed before anybody hears that the focus left.
-    Kor::LifeWatch watch (*this);
-    Commit ();
-    if (watch.IsGone ()) return;
-    Item::FocusChanged (false);
-}
-
 void NumberEditBase::ShowValueText ()
 {
     editing = false;
@@ -195,7 +157,7 @@ void NumberEditBase::Typed ()
 {
     NotifyPeer (Aspect::Text);
     // While the user types, an accepted value leaves the buffer as typed.
-    if (autoUpdate) TryAccept (text, false);
+    if (GetAutoUpdate ()) TryAccept (text, false);
 }
 
 // --- RealEdit ---

@@ -6,12 +6,12 @@
 #include "Wg/Panel.hpp"
 
 // Flow of user input:
-//   Panel::KeyPress -> HandleKey
-//     character            -> UserType -> ReplaceSelection -> ContentsChangedByUser -> SendChange (auto update)
-//     Backspace, Delete    -> ReplaceSelection -> ContentsChangedByUser
+//   Panel::KeyPress -> TypingEdit::HandleKey
+//     character            -> UserType -> TypeCharacter -> ReplaceSelection -> ContentsChangedByUser -> SendChange (auto update)
+//     Backspace, Delete    -> HandleEditingKey -> ReplaceSelection -> ContentsChangedByUser
 //     Return, Enter, Tab   -> Commit -> SendChange (auto update off, text differs from committed)
 //     Escape               -> Revert -> SendChange (auto update on)
-//   Panel::SetFocusedItem (another item) -> FocusChanged (false) -> Commit, then ItemFocusLost
+//   Panel::SetFocusedItem (another item) -> TypingEdit::FocusChanged (false) -> Commit, then ItemFocusLost
 //
 // Every path notifies observers as its last step: an observer may destroy the edit.
 
@@ -27,7 +27,7 @@ TextEdit* TextEditChangeEvent::GetSource () const
 void TextEditObserver::TextEditChanged (const TextEditChangeEvent&) {}
 
 TextEdit::TextEdit (const Panel& panel, const Rect& rect, short id, short maxLength)
-    : Item (panel, rect, id), maxLength (maxLength > 0 ? maxLength : DefaultMaxLength)
+    : TypingEdit (panel, rect, id), maxLength (maxLength > 0 ? maxLength : DefaultMaxLength)
 {
 }
 
@@ -74,23 +74,13 @@ void TextEdit::SelectAll ()
     SetSelection (Kor::Range<int> (0, static_cast<int> (text.GetLength ())));
 }
 
-void TextEdit::UserType (const Kor::UniString& characters)
+bool TextEdit::TypeCharacter (const Kor::UniString& character)
 {
-    Kor::LifeWatch watch (*this);
-    std::size_t index = 0;
-    while (index < characters.GetLength ()) {
-        const std::size_t characterLength = Detail::CharacterLengthAt (characters, index);
-        const Kor::UniString character = characters.GetSubstring (index, characterLength);
-        index += characterLength;
-        // An observer of the previous character may have disabled or hidden the edit.
-        if (!IsEnabled () || !IsVisible ()) return;
-        if (!Detail::IsTypeable (character)) continue;
-        const std::size_t newLength = text.GetLength () - static_cast<std::size_t> (selection.GetLength ()) + characterLength;
-        if (newLength > static_cast<std::size_t> (maxLength)) continue;
-        ReplaceSelection (character);
-        ContentsChangedByUser ();
-        if (watch.IsGone ()) return;
-    }
+    const std::size_t newLength = text.GetLength () - static_cast<std::size_t> (selection.GetLength ()) + character.GetLength ();
+    if (newLength > static_cast<std::size_t> (maxLength)) return false;
+    ReplaceSelection (character);
+    ContentsChangedByUser ();
+    return true;
 }
 
 void TextEdit::UserSetText (const Kor::UniString& newText)
@@ -105,22 +95,10 @@ void TextEdit::UserSetText (const Kor::UniString& newText)
     ContentsChangedByUser ();
 }
 
-bool TextEdit::HandleKey (const Key::Code& key)
+bool TextEdit::HandleEditingKey (const Key::Code& key)
 {
-    if (!IsEnabled () || !IsVisible ()) return false;
     const int caret = selection.GetEnd ();
     switch (key.GetCode ()) {
-        case Key::Return:
-        case Key::Enter:
-            Commit ();
-            return true;
-        case Key::Tab:
-            // Committed, but not used: the panel or host moves the focus on.
-            Commit ();
-            return false;
-        case Key::Escape:
-            Revert ();
-            return true;
         case Key::Backspace:
             if (selection.IsEmpty ()) {
                 if (caret == 0) return true;
@@ -157,11 +135,6 @@ bool TextEdit::HandleKey (const Key::Code& key)
             SetSelection (Kor::Range<int> (end, end));
             return true;
         }
-        case Key::NoSpecial:
-            // Characters held with the command modifier are shortcuts of the host, not text.
-            if (key.HasModifier (Key::Command) || key.GetCharacter () < u' ') return false;
-            UserType (Kor::UniString (1, key.GetCharacter ()));
-            return true;
         default:
             return false;
     }
@@ -172,7 +145,7 @@ void TextEdit::Commit ()
     if (text == committedText) return;
     committedText = text;
     // With auto update on, observers heard of every change already.
-    if (!autoUpdate) SendChange ();
+    if (!GetAutoUpdate ()) SendChange ();
 }
 
 void TextEdit::Revert ()
@@ -183,20 +156,7 @@ void TextEdit::Revert ()
     const int end = static_cast<int> (text.GetLength ());
     SetSelection (Kor::Range<int> (end, end));
     // Reverting is a change of its own for observers that heard of every keystroke.
-    if (autoUpdate) SendChange ();
-}
-
-void TextEdit::FocusChanged (bool gained)
-{
-    if (gained) {
-        Item::FocusChanged (true);
-        return;
-    }
-    // What was typed is committed before anybody hears that the focus left.
-    Kor::LifeWatch watch (*this);
-    Commit ();
-    if (watch.IsGone ()) return;
-    Item::FocusChanged (false);
+    if (GetAutoUpdate ()) SendChange ();
 }
 
 void TextEdit::ReplaceSelection (const Kor::UniString& with)
@@ -215,7 +175,7 @@ void TextEdit::ReplaceSelection (const Kor::UniString& with)
 
 void TextEdit::ContentsChangedByUser ()
 {
-    if (autoUpdate) SendChange ();
+    if (GetAutoUpdate ()) SendChange ();
 }
 
 void TextEdit::SendChange ()

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -53,10 +54,10 @@ TEST (InPlaceControlTest, EachKindOfRowGetsItsControlOverItsColumn)
 
     std::string out;
     for (short row = 1; row <= h.ListBox ().GetItemCount (); ++row) out += std::to_string (row) + "=" + ControlsOfRow (h, row) + " ";
-    EXPECT_EQ (out, "1=4:LengthEdit 2=4:IntEdit 3=4:TextEdit 4=6:Popup 5= 6=4:Button 7=6:IconButton 8=2:IconPopup 9=4:LengthEdit ");
+    EXPECT_EQ (out, "1=4:LengthEdit 2=4:IntEdit 3=4:TextEdit 4=6:PopupControl 5= 6=4:Button 7=6:IconButton 8=2:IconColumnPopup 9=4:LengthEdit ");
 
     list.SetEditableColumnNum (AttributeList::NameColumn);
-    EXPECT_EQ (ControlsOfRow (h, 8), "2:IconPopup 3:TextEdit");
+    EXPECT_EQ (ControlsOfRow (h, 8), "2:IconColumnPopup 3:TextEdit");
     EXPECT_EQ (list.GetOnTabItems ().GetTextEdit ().GetText ().ToUtf8 (), "Popup");
     list.ClearList (true);
 }
@@ -101,18 +102,24 @@ protected:
         for (Wg::Item* control : controls) h.ListBox ().SetOnTabItem (column++, *control);
     }
 
+    // The control of the given name, from the list's table of in-place controls.
+    Wg::Item* Control (const std::string& name)
+    {
+        for (const auto& [control, controlName] : ControlNames (h.list->GetOnTabItems ()))
+            if (controlName == name) return const_cast<Wg::Item*> (control);
+        ADD_FAILURE () << "no control " << name;
+        return nullptr;
+    }
+
     // The edits that take the focus, in the order in which they are preferred.
     std::vector<std::pair<std::string, Wg::Item*>> FocusOrder ()
     {
-        TxAL::OnTabItems& c = h.list->GetOnTabItems ();
-        return {{"Int", &c.GetIntEdit ()},          {"PosInt", &c.GetPosIntEdit ()},     {"Length", &c.GetLengthEdit ()},
-                {"Area", &c.GetAreaEdit ()},        {"Volume", &c.GetVolumeEdit ()},     {"Angle", &c.GetAngleEdit ()},
-                {"PolarAngle", &c.GetPolarAngleEdit ()}, {"Text", &c.GetTextEdit ()},    {"Real", &c.GetRealEdit ()},
-                {"PTStiffness", &c.GetPTStiffnessEdit ()}, {"PRStiffness", &c.GetPRStiffnessEdit ()},
-                {"LTStiffness", &c.GetLTStiffnessEdit ()}, {"LRStiffness", &c.GetLRStiffnessEdit ()},
-                {"STStiffness", &c.GetSTStiffnessEdit ()}, {"TRForce", &c.GetTRForceEdit ()},
-                {"RRMoment", &c.GetRRMomentEdit ()}, {"PLForce", &c.GetPLForceEdit ()},  {"PLMoment", &c.GetPLMomentEdit ()},
-                {"ELForce", &c.GetELForceEdit ()},   {"ELMoment", &c.GetELMomentEdit ()}, {"SLForce", &c.GetSLForceEdit ()}};
+        std::istringstream names ("IntEdit PosIntEdit LengthEdit AreaEdit VolumeEdit AngleEdit PolarAngleEdit TextEdit RealEdit "
+                                  "PTStiffnessEdit PRStiffnessEdit LTStiffnessEdit LRStiffnessEdit STStiffnessEdit TRForceEdit "
+                                  "RRMomentEdit PLForceEdit PLMomentEdit ELForceEdit ELMomentEdit SLForceEdit");
+        std::vector<std::pair<std::string, Wg::Item*>> order;
+        for (std::string name; names >> name;) order.emplace_back (name, Control (name));
+        return order;
     }
 
     ListHarness h;
@@ -123,27 +130,36 @@ TEST_F (OnTabControlTest, EachQueryAnswersForItsOwnControlOnly)
 {
     AttributeList& l = *h.list;
     const std::vector<std::pair<std::string, bool (AttributeList::*) () const>> queries = {
-        {"Int", &AttributeList::IsIntEditOnTabItemVisible},         {"PosInt", &AttributeList::IsPosIntEditOnTabItemVisible},
-        {"Slider", &AttributeList::IsSliderOnTabItemVisible},       {"Length", &AttributeList::IsLengthEditOnTabItemVisible},
-        {"Area", &AttributeList::IsAreaEditOnTabItemVisible},       {"Volume", &AttributeList::IsVolumeEditOnTabItemVisible},
-        {"Angle", &AttributeList::IsAngleEditOnTabItemVisible},     {"PolarAngle", &AttributeList::IsPolarAngleEditOnTabItemVisible},
-        {"Text", &AttributeList::IsTextEditOnTabItemVisible},       {"Real", &AttributeList::IsRealEditOnTabItemVisible},
-        {"PTStiffness", &AttributeList::IsPTStiffnessEditOnTabItemVisible},
-        {"PRStiffness", &AttributeList::IsPRStiffnessEditOnTabItemVisible},
-        {"LTStiffness", &AttributeList::IsLTStiffnessEditOnTabItemVisible},
-        {"LRStiffness", &AttributeList::IsLRStiffnessEditOnTabItemVisible},
-        {"STStiffness", &AttributeList::IsSTStiffnessEditOnTabItemVisible}, {"TRForce", &AttributeList::IsTRForceEditOnTabItemVisible},
-        {"RRMoment", &AttributeList::IsRRMomentEditOnTabItemVisible}, {"PLForce", &AttributeList::IsPLForceEditOnTabItemVisible},
-        {"PLMoment", &AttributeList::IsPLMomentEditOnTabItemVisible}, {"ELForce", &AttributeList::IsELForceEditOnTabItemVisible},
-        {"ELMoment", &AttributeList::IsELMomentEditOnTabItemVisible}, {"SLForce", &AttributeList::IsSLForceEditOnTabItemVisible},
+        {"IntEdit", &AttributeList::IsIntEditOnTabItemVisible},
+        {"PosIntEdit", &AttributeList::IsPosIntEditOnTabItemVisible},
+        {"Slider", &AttributeList::IsSliderOnTabItemVisible},
+        {"LengthEdit", &AttributeList::IsLengthEditOnTabItemVisible},
+        {"AreaEdit", &AttributeList::IsAreaEditOnTabItemVisible},
+        {"VolumeEdit", &AttributeList::IsVolumeEditOnTabItemVisible},
+        {"AngleEdit", &AttributeList::IsAngleEditOnTabItemVisible},
+        {"PolarAngleEdit", &AttributeList::IsPolarAngleEditOnTabItemVisible},
+        {"TextEdit", &AttributeList::IsTextEditOnTabItemVisible},
+        {"RealEdit", &AttributeList::IsRealEditOnTabItemVisible},
+        {"PTStiffnessEdit", &AttributeList::IsPTStiffnessEditOnTabItemVisible},
+        {"PRStiffnessEdit", &AttributeList::IsPRStiffnessEditOnTabItemVisible},
+        {"LTStiffnessEdit", &AttributeList::IsLTStiffnessEditOnTabItemVisible},
+        {"LRStiffnessEdit", &AttributeList::IsLRStiffnessEditOnTabItemVisible},
+        {"STStiffnessEdit", &AttributeList::IsSTStiffnessEditOnTabItemVisible},
+        {"TRForceEdit", &AttributeList::IsTRForceEditOnTabItemVisible},
+        {"RRMomentEdit", &AttributeList::IsRRMomentEditOnTabItemVisible},
+        {"PLForceEdit", &AttributeList::IsPLForceEditOnTabItemVisible},
+        {"PLMomentEdit", &AttributeList::IsPLMomentEditOnTabItemVisible},
+        {"ELForceEdit", &AttributeList::IsELForceEditOnTabItemVisible},
+        {"ELMomentEdit", &AttributeList::IsELMomentEditOnTabItemVisible},
+        {"SLForceEdit", &AttributeList::IsSLForceEditOnTabItemVisible},
     };
-    TxAL::OnTabItems& c = l.GetOnTabItems ();
-    std::vector<std::pair<std::string, Wg::Item*>> controls = FocusOrder ();
-    controls.insert (controls.end (), {{"Slider", &c.GetSlider ()}, {"SecondReal", &c.GetSecondRealEdit ()}, {"Pk257", &c.GetPk257 ()},
-                                       {"Pk261", &c.GetPk261 ()}, {"Popup", &c.GetPopupControl ()}, {"CheckBox", &c.GetCheckBox ()}});
+    // Every control of the list, the ones without a query included.
+    constexpr std::size_t ControlCount = 30;
+    const auto controls = ControlNames (l.GetOnTabItems ());
+    ASSERT_EQ (controls.size (), ControlCount);
     std::string mismatches;
-    for (const auto& [name, control] : controls) {
-        Place ({control});
+    for (const auto& [control, name] : controls) {
+        Place ({const_cast<Wg::Item*> (control)});
         std::string answered;
         for (const auto& [query, fn] : queries)
             if ((l.*fn) ()) answered += (answered.empty () ? "" : ",") + query;
@@ -173,15 +189,32 @@ TEST_F (OnTabControlTest, TheFocusGoesToThePreferredEditWhateverItsColumn)
 
     // The second real edit, the slider, the user controls, the buttons and the check box never
     // take the focus this way: the list box keeps it.
-    TxAL::OnTabItems& c = h.list->GetOnTabItems ();
-    for (std::initializer_list<Wg::Item*> others : {std::initializer_list<Wg::Item*> {&c.GetSecondRealEdit (), &c.GetSlider (), &c.GetPk257 ()},
-                                                    {&c.GetPk261 (), &c.GetPopupControl (), &c.GetButton (), &c.GetCheckBox ()}}) {
+    for (std::initializer_list<Wg::Item*> others : {std::initializer_list<Wg::Item*> {Control ("SecondRealEdit"), Control ("Slider"), Control ("Pk257")},
+                                                    {Control ("Pk261"), Control ("PopupControl"), Control ("Button"), Control ("CheckBox")},
+                                                    {Control ("IconButton"), Control ("IconColumnPopup")}}) {
         Place (others);
         h.ListBox ().SetFocus ();
         h.list->SetFocusToEditControl ();
         EXPECT_EQ (h.Controls ().substr (h.Controls ().find ("focus=")), "focus=ListBox");
         EXPECT_TRUE (h.list->IsListFocused ());
     }
+}
+
+TEST_F (OnTabControlTest, OnlyTheEditsCountAsEditFocusAndAllCountAsListFocus)
+{
+    std::string edits, outside;
+    for (const auto& [control, name] : ControlNames (h.list->GetOnTabItems ())) {
+        auto* item = const_cast<Wg::Item*> (control);
+        Place ({item});
+        item->SetFocus ();
+        if (!item->IsFocused ()) continue;
+        if (h.list->IsEditControlFocused ()) edits += name + " ";
+        if (!h.list->IsListFocused ()) outside += name + " ";
+    }
+    EXPECT_EQ (edits, "IntEdit PosIntEdit LengthEdit AreaEdit VolumeEdit AngleEdit PolarAngleEdit TextEdit RealEdit SecondRealEdit "
+                      "PTStiffnessEdit PRStiffnessEdit LTStiffnessEdit LRStiffnessEdit STStiffnessEdit TRForceEdit RRMomentEdit "
+                      "PLForceEdit PLMomentEdit ELForceEdit ELMomentEdit SLForceEdit ");
+    EXPECT_EQ (outside, "");
 }
 
 class CommitTest : public ::testing::Test {

@@ -39,8 +39,8 @@ const std::vector<IconId> LibraryIcons = {
     { 2005, StandardIconSize }, { 2006, StandardIconSize }, { 2007, StandardIconSize }, { 2008, StandardIconSize },
     { 2009, StandardIconSize }, { 2010, StandardIconSize }, { 28115, StandardIconSize },
     { 31845, StandardIconSize }, { 31846, StandardIconSize }, { 31847, StandardIconSize }, { 31848, StandardIconSize },
-    { 31849, Gfx::Size (80, 12) },      // slider track
-    { 31850, Gfx::Size (9, 12) },       // slider thumb
+    { 31849, Gfx::Size (98, 14) },      // slider track
+    { 31850, Gfx::Size (14, 14) },      // slider thumb
     { 31887, StandardIconSize }, { 31888, StandardIconSize }, { 31893, StandardIconSize },
 };
 

@@ -149,14 +149,14 @@ TEST_F (RealItemTest, NonEditableItemShowsNoEditAndPresetsOnlySelect)
     item->AddStringItem ("3.000 m");
     calls.Watch (*item);
     Click (1, Begin (Value ()) + 5);
-    EXPECT_EQ (Placed (), "sel=1 6:Popup");
+    EXPECT_EQ (Placed (), "sel=1 6:PopupControl");
     Runner ().QueueChoose (2);
     Click (1, End (Check ()));
     EXPECT_EQ (calls.Take () + " " + Number (item->GetValue ()) + " " + Cell (1, Value ()) + " " + AT (1, Preview ()) + "|" + AT (1, Value ()),
                "SelectionChanged(Height) 2.5 2.500 m max|");
     EXPECT_NE (Paint (1, Preview ()).find ("text \"max\""), std::string::npos) << "the tag is drawn in the preview cell";
     item->SetEditable (true);
-    EXPECT_EQ (Placed () + " " + Number (Controls ().GetLengthEdit ().GetValue ()), "sel=1 4:LengthEdit 6:Popup 2.5");
+    EXPECT_EQ (Placed () + " " + Number (Controls ().GetLengthEdit ().GetValue ()), "sel=1 4:LengthEdit 6:PopupControl 2.5");
     item->SetEditable (false);
     EXPECT_FALSE (list->IsLengthEditOnTabItemVisible ());
 }

@@ -74,7 +74,7 @@ protected:
     }
     std::string Cell (short row, short column) const { return Box ().GetTabItemText (row, column).ToUtf8 (); }
     std::string Paint (short row, short column) const { return Box ().PaintCell (row, column).ToString (); }
-    // The controls over the selected row's columns: "sel=1 4:LengthEdit 6:Popup".
+    // The controls over the selected row's columns: "sel=1 4:LengthEdit 6:PopupControl".
     std::string Placed () const
     {
         const std::string dump = harness->Controls ();

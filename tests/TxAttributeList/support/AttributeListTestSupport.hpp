@@ -8,7 +8,7 @@
 //                then the non-empty value, preview and check cells joined by "|" (check marks
 //                as [x] and [ ]); "~" ends a greyed row. Owner-drawn texts are read as automated
 //                UI testing reads them.
-// Control dump:  "sel=2 4:LengthEdit 6:Popup focus=LengthEdit"
+// Control dump:  "sel=2 4:LengthEdit 6:PopupControl focus=LengthEdit"
 //                the selected row, each column's in-place control, the focused control, and
 //                "stray:Name" for a control of the list that is visible but over no column.
 
@@ -35,24 +35,11 @@ using TxAL::AttributeListSimpleItem;
 
 // --- Names of the in-place controls ---
 
+// The controls' own names, from the list's table of in-place controls.
 inline std::vector<std::pair<const Wg::Item*, std::string>> ControlNames (TxAL::OnTabItems& c)
 {
-    std::vector<std::pair<const Wg::Item*, std::string>> names = {
-        {&c.GetIntEdit (), "IntEdit"},       {&c.GetPosIntEdit (), "PosIntEdit"},   {&c.GetPk257 (), "Pk257"},
-        {&c.GetPk261 (), "Pk261"},           {&c.GetSlider (), "Slider"},           {&c.GetPopupControl (), "Popup"},
-        {&c.GetLengthEdit (), "LengthEdit"}, {&c.GetAreaEdit (), "AreaEdit"},       {&c.GetVolumeEdit (), "VolumeEdit"},
-        {&c.GetAngleEdit (), "AngleEdit"},   {&c.GetPolarAngleEdit (), "PolarAngleEdit"},
-        {&c.GetTextEdit (), "TextEdit"},     {&c.GetRealEdit (), "RealEdit"},       {&c.GetSecondRealEdit (), "SecondRealEdit"},
-        {&c.GetButton (), "Button"},         {&c.GetIconButton (), "IconButton"},   {&c.GetIconColumnPopup (), "IconPopup"},
-        {&c.GetCheckBox (), "CheckBox"},
-    };
-    // The structural edits have no distinct use in the core; one name serves them.
-    for (int i = 0; i < TxAL::OnTabItems::RealEditCount; ++i) {
-        const Wg::Item* edit = c.GetRealEdits ()[i];
-        bool known = false;
-        for (const auto& entry : names) known = known || entry.first == edit;
-        if (!known) names.emplace_back (edit, "StructuralEdit");
-    }
+    std::vector<std::pair<const Wg::Item*, std::string>> names;
+    for (const TxAL::OnTabItems::Control& control : c.GetControls ()) names.emplace_back (control.item, control.name);
     return names;
 }
 
@@ -173,9 +160,11 @@ public:
     // --- AttributeListItemObserver ---
     Kor::UniString AttributeListItemToolTipRequested (const AttributeListItem& item) override
     {
-        Add ("ToolTip", &item);
+        // Looked up first: the reaction may delete the item.
         auto it = toolTips.find (item.GetName ().ToUtf8 ());
-        return it != toolTips.end () ? Kor::UniString (it->second) : Kor::UniString ();
+        Kor::UniString answer = it != toolTips.end () ? Kor::UniString (it->second) : Kor::UniString ();
+        Add ("ToolTip", &item);
+        return answer;
     }
     void NameChanged (const AttributeListItem& item) override { Add ("NameChanged", &item); }
     void IconColumnClicked (const AttributeListItem& item) override { Add ("IconColumnClicked", &item); }

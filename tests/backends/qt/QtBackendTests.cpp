@@ -311,6 +311,32 @@ TEST_F (QtBackendTest, ModelChangesReachWidgetsAndClicksReachTheModel)
     EXPECT_EQ (seen, "1Visible 200/40 5,6,70 00 | 0 70 Check:0 Drag:70 Release:70");
 }
 
+TEST_F (QtBackendTest, TheSliderThumbFollowsThePointerAndReleaseEndsTheDrag)
+{
+    Wg::BarControl bar (panel, Wg::Rect::FromSize (20, 230, 120, 20));
+    bar.SetMax (100);
+    bar.Attach (recorder);
+    auto& slider = PeerOf<QSlider> (bar);
+    // The thumb stands at the left end: grab it, pull it right in two moves, let it go.
+    const int y = slider.height () / 2;
+    SendMouse (slider, QEvent::MouseButtonPress, QPoint (4, y));
+    const bool grabbed = slider.isSliderDown ();
+    SendMouse (slider, QEvent::MouseMove, QPoint (40, y));
+    const int middle = bar.GetValue ();
+    SendMouse (slider, QEvent::MouseMove, QPoint (90, y));
+    const int far = bar.GetValue ();
+    // A real release carries no button held any more; the slider ignores one that does.
+    QMouseEvent release (QEvent::MouseButtonRelease, QPointF (90, y), QPointF (slider.mapToGlobal (QPoint (90, y))), Qt::LeftButton,
+                         Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent (&slider, &release);
+    bar.Detach (recorder);
+    EXPECT_TRUE (grabbed);
+    EXPECT_LT (0, middle);
+    EXPECT_LT (middle, far);
+    EXPECT_EQ (recorder.Take (), "Drag:" + std::to_string (middle) + " Drag:" + std::to_string (far) + " Release:" + std::to_string (far));
+    EXPECT_EQ (slider.value (), far);
+}
+
 TEST_F (QtBackendTest, ScrollBarAndWheelMapToTheScrollPosition)
 {
     auto& listView = PeerOf<TxalQt::ListBoxView> (list);

@@ -241,7 +241,7 @@ TEST (BuiltInModuleTest, EmbeddedImagesLoadFromAnyWorkingDirectory)
     Kor::UniString text;
     EXPECT_TRUE (Res::ResGetIndString_ParamAdapter ("Test", 1, 101, 1, utilities, 0, text));
     EXPECT_EQ (text, "Yes");
-    EXPECT_EQ (Res::GetIconSize (library, 31849), Gfx::Size (80, 12));
+    EXPECT_EQ (Res::GetIconSize (library, 31849), Gfx::Size (98, 14));
     ASSERT_NE (Res::GetIconSvg (library, 31849), nullptr);
     EXPECT_EQ (Res::GetIconSvg (library, 31849)->rfind ("<svg", 0), 0u);
     Res::ResRemoveModuleImageCache (library);

@@ -14,7 +14,7 @@
 
 #include <cstdint>
 
-#include "Wg/Item.hpp"
+#include "Wg/TypingEdit.hpp"
 #include "Wg/WorkingUnits.hpp"
 
 namespace Wg {
@@ -57,30 +57,25 @@ public:
 };
 
 // Shared text-buffer behaviour of the number edits.
-class NumberEditBase : public Item {
+class NumberEditBase : public TypingEdit {
 public:
-    bool IsFocusable () const override { return true; }
-
     // What the edit shows: the value's text, or what the user is typing.
     Kor::UniString GetText () const { return text; }
     bool           IsEditing () const { return editing; }
 
-    bool GetAutoUpdate () const { return autoUpdate; }
-    void SetAutoUpdate (bool on) { autoUpdate = on; }
-
     // --- User input entry points ---
     // A shown value counts as selected as a whole: the first character typed replaces it, later
     // ones append (Backspace removes the last one).
-    void UserType (const Kor::UniString& characters);
     void UserSetText (const Kor::UniString& newText);
-    bool HandleKey (const Key::Code& key) override;
-    void Commit ();
-    void Revert ();
+    void Commit () override;
+    void Revert () override;
 
 protected:
     NumberEditBase (const Panel& panel, const Rect& rect, short id);
 
-    void FocusChanged (bool gained) override;
+    bool TypeCharacter (const Kor::UniString& character) override;
+    // Backspace and Delete.
+    bool HandleEditingKey (const Key::Code& key) override;
     // Shows the value's text (leaving editing state).
     void ShowValueText ();
 
@@ -95,7 +90,6 @@ private:
 
     Kor::UniString text;
     bool           editing = false;
-    bool           autoUpdate = true;
 };
 
 class RealEdit : public NumberEditBase {

@@ -8,7 +8,7 @@
 // committed one and, when the text is unchanged, leaves caret and selection alone.
 
 #include "Kor/Range.hpp"
-#include "Wg/Item.hpp"
+#include "Wg/TypingEdit.hpp"
 
 namespace Wg {
 
@@ -25,7 +25,7 @@ public:
     virtual void TextEditChanged (const TextEditChangeEvent& event);
 };
 
-class TextEdit : public Item {
+class TextEdit : public TypingEdit {
 public:
     static constexpr short DefaultMaxLength = 255;
 
@@ -33,7 +33,6 @@ public:
 
     void Attach (TextEditObserver& observer) { Item::Attach (observer); }
     void Detach (TextEditObserver& observer) { Item::Detach (observer); }
-    bool IsFocusable () const override { return true; }
 
     Kor::UniString GetText () const { return text; }
     // Cuts the text to the maximum length.
@@ -48,23 +47,18 @@ public:
     void            SetSelection (const Kor::Range<int>& range);
     void            SelectAll ();
 
-    bool GetAutoUpdate () const { return autoUpdate; }
-    void SetAutoUpdate (bool on) { autoUpdate = on; }
-
     // --- User input entry points ---
-    // Types characters at the caret, replacing the selection; one change per character.
-    void UserType (const Kor::UniString& characters);
-    // Replaces the whole text (a paste over everything): one change.
+    // Typing (TypingEdit::UserType) goes in at the caret, replacing the selection; one change
+    // per character. Replaces the whole text (a paste over everything): one change.
     void UserSetText (const Kor::UniString& newText);
-    // Return, Enter, Tab commit; Escape restores; Backspace, Delete, arrows, Home, End edit.
-    // Tab is reported unused, so that the panel or the host moves the focus on.
-    bool HandleKey (const Key::Code& key) override;
     // Sends the pending change (auto update off) when the text differs from the committed one.
-    void Commit ();
-    void Revert ();
+    void Commit () override;
+    void Revert () override;
 
 protected:
-    void FocusChanged (bool gained) override;
+    bool TypeCharacter (const Kor::UniString& character) override;
+    // Backspace, Delete, arrows, Home, End.
+    bool HandleEditingKey (const Key::Code& key) override;
 
 private:
     void ReplaceSelection (const Kor::UniString& with);
@@ -75,7 +69,6 @@ private:
     Kor::UniString  committedText;
     short           maxLength;
     Kor::Range<int> selection {0, 0};
-    bool            autoUpdate = true;
 };
 
 }   // namespace Wg
