@@ -87,7 +87,9 @@ class Tracked::Spy : public TxAL::AttributeListTextItemObserver,
                      public TxAL::AttributeListRealItemObserver,
                      public TxAL::AttributeListCheckItemObserver,
                      public TxAL::AttributeListButtonItemObserver,
-                     public TxAL::AttributeListIconButtonItemObserver {
+                     public TxAL::AttributeListIconButtonItemObserver,
+                     public TxAL::AttributeListSliderItemObserver,
+                     public TxAL::AttributeListIntervalItemObserver {
 public:
     Spy (World& world, AttributeListItem& item) : world (world), item (&item) { item.AttributeListItem::Attach (*this); }
 
@@ -112,6 +114,8 @@ public:
     void ButtonClicked (const TxAL::AttributeListButtonItem&) override { Heard (); }
     void ButtonClicked (const TxAL::AttributeListIconButtonItem&) override { Heard (); }
     void ButtonIconClicked (const TxAL::AttributeListIconButtonItem&) override { Heard (); }
+    void ValueChanged (const TxAL::AttributeListSliderItem&) override { Changed (); }
+    void ValueChanged (const TxAL::AttributeListIntervalItem&) override { Changed (); }
 
 private:
     void Changed ()

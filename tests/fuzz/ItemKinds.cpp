@@ -345,6 +345,47 @@ std::vector<ItemKind> MakeKinds ()
     };
     kinds.push_back (iconButton);
 
+    ItemKind slider;
+    slider.name = "Slider";
+    slider.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        auto* item = new AttributeListSliderItem ();
+        item->SetMinValue (Chance (rng, 80) ? 0 : ExtremeInt (rng));
+        item->SetMaxValue (Chance (rng, 80) ? 100 : ExtremeInt (rng));
+        item->SetValue (Pick (rng, 101));
+        return item;
+    };
+    slider.poke = [] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& s = As<AttributeListSliderItem> (item);
+        switch (Pick (rng, 3)) {
+            case 0: s.SetValue (ExtremeInt (rng)); break;
+            case 1: s.SetMinValue (ExtremeInt (rng)); break;
+            default: s.SetMaxValue (ExtremeInt (rng)); break;
+        }
+    };
+    slider.read = [] (const AttributeListSimpleItem& item) { return std::to_string (As<AttributeListSliderItem> (item).GetValue ()); };
+    kinds.push_back (slider);
+
+    ItemKind interval;
+    interval.name = "Interval";
+    interval.make = [] (Rng& rng) -> AttributeListSimpleItem* {
+        return new AttributeListIntervalItem (Name ("Interval"), Wg::Icon (), 1.0, 2.0, "to", Chance (rng, 30), Status (rng), false);
+    };
+    interval.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateIntervalItem (Name ("Interval"), Wg::Icon (), -1.0, 1.0, "", Chance (rng, 30), Status (rng), false);
+    };
+    interval.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateIntervalItem (asMaster, Name ("Interval"), Wg::Icon (), 0.0, 3.0, "..", false, Status (rng), false);
+    };
+    interval.poke = [] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& i = As<AttributeListIntervalItem> (item);
+        Chance (rng, 50) ? i.SetIntervalBeg (ExtremeReal (rng)) : i.SetIntervalEnd (ExtremeReal (rng));
+    };
+    interval.read = [] (const AttributeListSimpleItem& item) {
+        const auto& i = As<AttributeListIntervalItem> (item);
+        return RealText (i.GetIntervalBeg ()) + ".." + RealText (i.GetIntervalEnd ());
+    };
+    kinds.push_back (interval);
+
     ItemKind info;
     info.name = "Info";
     info.make = [] (Rng& rng) -> AttributeListSimpleItem* { return new AttributeListInfoItem (Name ("Info"), Wg::Icon (), Status (rng), false); };
