@@ -276,11 +276,9 @@ void PanelView::keyPressEvent (QKeyEvent* event)
         const InputScope scope;
         used = panel->KeyPress (*code);
     }
-    if (!used && code.has_value () && code->GetCode () == Wg::Key::Tab && !code->HasModifier (Wg::Key::Command)) {
-        focusNextPrevChild (!code->HasModifier (Wg::Key::Shift));
-        return;
-    }
-    if (!used) event->ignore ();
+    // Tab is the panel's traversal even when it found nowhere to go: Qt's focus chain would
+    // take the keyboard out of the panel.
+    if (!used && !PeerBase::IsTraversalKey (*event)) event->ignore ();
 }
 
 void PanelView::resizeEvent (QResizeEvent* event)
