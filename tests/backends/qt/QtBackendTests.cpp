@@ -213,6 +213,50 @@ TEST_F (QtBackendTest, KeysGoToThePanelHandlersFirst)
     EXPECT_EQ (recorder.Take (), "Key:Down Select:1 Key:Ctrl+x Modifier:Alt Key:Shift+Tab");
 }
 
+// Lays one edit over the second column of whichever row is selected.
+class EditOnEveryRow : public Wg::ListBoxObserver {
+public:
+    EditOnEveryRow (Wg::ListBox& list, Wg::TextEdit& edit) : list (list), edit (edit) { list.Attach (*this); }
+    ~EditOnEveryRow () override { list.Detach (*this); }
+    void ListBoxSelectionChanged (const Wg::ListBoxSelectionEvent& event) override
+    {
+        if (event.GetListItem () > 0) list.SetOnTabItem (2, edit);
+    }
+
+private:
+    Wg::ListBox&  list;
+    Wg::TextEdit& edit;
+};
+
+TEST_F (QtBackendTest, TabStaysInTheListAndQtFollowsTheModelsFocus)
+{
+    Wg::TextEdit onRow (panel, Wg::Rect::FromSize (0, 0, 100, 18));
+    Wg::TextEdit outside (panel, Wg::Rect::FromSize (10, 230, 150, 22));
+    EditOnEveryRow placer (list, onRow);
+    onRow.SetAutoUpdate (false);
+    onRow.Attach (recorder);
+    auto& rowEdit = PeerOf<QLineEdit> (onRow);
+    auto& outsideEdit = PeerOf<QLineEdit> (outside);
+    list.SetScrollPosition (RowCount - 3);
+    list.UserSelect (RowCount - 1);
+    onRow.SetFocus ();
+    QCoreApplication::processEvents ();
+    recorder.Take ();
+
+    Facts facts;
+    SendKey (rowEdit, Qt::Key_A, "a");
+    SendKey (rowEdit, Qt::Key_Tab);
+    facts ("afterTab", list.GetSelectedItem ()) ("events", "[" + recorder.Take () + "]") ("qtFollows", QApplication::focusWidget () == &rowEdit);
+    // On the last row Tab goes nowhere, and certainly not to the edit outside the list.
+    SendKey (rowEdit, Qt::Key_Tab);
+    facts ("onLastRow", list.GetSelectedItem ()) ("outsideFocused", outside.IsFocused () || QApplication::focusWidget () == &outsideEdit);
+    SendKey (rowEdit, Qt::Key_Backtab, {}, Qt::ShiftModifier);
+    facts ("afterShiftTab", list.GetSelectedItem ()) ("editFocused", onRow.IsFocused ());
+    onRow.Detach (recorder);
+    EXPECT_EQ (facts.Text (), "afterTab=50 events=[Changed:a Select:50] qtFollows=true onLastRow=50 outsideFocused=false "
+                              "afterShiftTab=49 editFocused=true");
+}
+
 TEST_F (QtBackendTest, TypingGoesThroughTheModelAndFocusMovesCommit)
 {
     Wg::TextEdit first (panel, Wg::Rect::FromSize (10, 230, 150, 22));
