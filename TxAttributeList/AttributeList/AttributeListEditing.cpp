@@ -38,7 +38,7 @@ void AttributeList::DispatchToSelectedItem (Fn&& fn)
     AttributeListItem* item = GetSelectedRowItem ();
     if (item == nullptr) return;
     DrawSuspension suspension (*this);
-    AttributeListItemLifeGuard guard (*item);
+    Kor::LifeWatch guard (*item);
     fn (*item);
     // An observer may have deleted the item, or the rows may have moved under it.
     if (!guard.IsAlive ()) return;

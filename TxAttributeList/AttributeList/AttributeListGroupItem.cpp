@@ -292,7 +292,7 @@ void AttributeListGroupItem::InitializeOnTabItems () const
 void AttributeListGroupItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
     // An observer of the icon-column click may delete the group.
-    AttributeListItemLifeGuard guard (*this);
+    Kor::LifeWatch guard (*this);
     AttributeListItem::ItemClicked (event);
     if (!guard.IsAlive ()) return;
     if (IsInTriangleColumn (event.GetMouseOffset ().x)) {
@@ -309,7 +309,7 @@ void AttributeListGroupItem::ItemDoubleClicked (const Wg::ListBoxDoubleClickEven
     if (IsInTriangleColumn (event.GetMouseOffset ().x)) return;
     if (masterItem != nullptr) {
         // The master's observers may delete the group.
-        AttributeListItemLifeGuard guard (*this);
+        Kor::LifeWatch guard (*this);
         bool masterHandled = false;
         masterItem->ItemDoubleClicked (event, &masterHandled);
         if (handled != nullptr && masterHandled) *handled = true;

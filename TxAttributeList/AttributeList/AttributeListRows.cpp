@@ -207,11 +207,10 @@ void AttributeList::FullRefreshList (bool selectFirst)
     const AttributeListItem* selectedItem = GetSelectedRowItem ();
     // Deleting the rows commits what the user typed into the selected row first; an observer
     // of that commit may delete the item.
-    std::optional<AttributeListItemLifeGuard> selectedLife;
-    if (selectedItem != nullptr) selectedLife.emplace (*GetSelectedRowItem ());
+    Kor::LifeWatch selectedLife {selectedItem};
     const short oldCount = listBox->GetItemCount ();
     listBox->DeleteAllItems ();
-    if (selectedLife.has_value () && !selectedLife->IsAlive ()) selectedItem = nullptr;
+    if (selectedLife.IsGone ()) selectedItem = nullptr;
 
     for (AttributeListItem* item : items) {
         if (!item->IsVisible ()) {

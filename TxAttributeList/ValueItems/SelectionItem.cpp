@@ -170,7 +170,7 @@ void AttributeListSelectionItem::InitializeOnTabItems () const
 void AttributeListSelectionItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
     // An observer of the icon-column click may delete the item.
-    AttributeListItemLifeGuard guard (*this);
+    Kor::LifeWatch guard (*this);
     AttributeListSimpleItem::ItemClicked (event);
     if (!guard.IsAlive ()) return;
     OnTabItems* controls = GetOnTabItems ();
@@ -180,7 +180,7 @@ void AttributeListSelectionItem::ItemClicked (const Wg::ListBoxClickEvent& event
 
 void AttributeListSelectionItem::ItemDoubleClicked (const Wg::ListBoxDoubleClickEvent& event, bool* handled)
 {
-    AttributeListItemLifeGuard guard (*this);
+    Kor::LifeWatch guard (*this);
     AttributeListSimpleItem::ItemDoubleClicked (event, handled);
     if (!guard.IsAlive () || handled == nullptr) return;
     const int x = event.GetMouseOffset ().x;

@@ -92,14 +92,14 @@ void AttributeListCheckItem::DrawListItem (short row) const
 void AttributeListCheckItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
     // An observer of the icon-column click may delete the item.
-    AttributeListItemLifeGuard guard (*this);
+    Kor::LifeWatch guard (*this);
     AttributeListSimpleItem::ItemClicked (event);
     if (guard.IsAlive () && IsInBox (event.GetMouseOffset ().x)) InvertCheckAndNotify ();
 }
 
 void AttributeListCheckItem::ItemDoubleClicked (const Wg::ListBoxDoubleClickEvent& event, bool* handled)
 {
-    AttributeListItemLifeGuard guard (*this);
+    Kor::LifeWatch guard (*this);
     AttributeListSimpleItem::ItemDoubleClicked (event, handled);
     if (!guard.IsAlive () || !IsInBox (event.GetMouseOffset ().x)) return;
     InvertCheckAndNotify ();
@@ -260,7 +260,7 @@ void AttributeListIconButtonItem::InitializeOnTabItems () const
 
 void AttributeListIconButtonItem::ItemClicked (const Wg::ListBoxClickEvent& event)
 {
-    AttributeListItemLifeGuard guard (*this);
+    Kor::LifeWatch guard (*this);
     AttributeListSimpleItem::ItemClicked (event);
     if (!guard.IsAlive ()) return;
     const Wg::ListBox* listBox = GetListBox ();

@@ -14,6 +14,7 @@
 #include "Gfx/DrawingContext.hpp"
 #include "Kor/Array.hpp"
 #include "Kor/Event.hpp"
+#include "Kor/LifeWatch.hpp"
 #include "Kor/Object.hpp"
 #include "Kor/Owner.hpp"
 #include "Kor/Range.hpp"
@@ -245,21 +246,6 @@ private:
     // What the list needs to know per row without a dynamic cast; set by the subclasses' constructors.
     enum class Kind : std::uint8_t { Other, Simple, Group };
     Kind                          kind = Kind::Other;
-};
-
-// Tells whether an item outlived a call that notifies its observers: an observer may delete
-// the item it hears from, and the caller must not touch the item after that.
-class AttributeListItemLifeGuard : public AttributeListItemObserver {
-public:
-    explicit AttributeListItemLifeGuard (AttributeListItem& item) { item.Attach (*this); }
-    AttributeListItemLifeGuard (const AttributeListItemLifeGuard&) = delete;
-    AttributeListItemLifeGuard& operator= (const AttributeListItemLifeGuard&) = delete;
-
-    bool IsAlive () const { return alive; }
-    void SourceDestroyed (Kor::EventSource&) override { alive = false; }
-
-private:
-    bool alive = true;
 };
 
 class AttributeListSimpleItem : public AttributeListItem {

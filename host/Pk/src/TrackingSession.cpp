@@ -5,25 +5,25 @@ namespace Pk {
 // Every protocol call may end in an observer that destroys the control; the watch then reads
 // null and the session ends without touching the control again.
 
-TrackingSession::TrackingSession (TrackingControl& control) : control (control), valueBefore (control.GetValue ())
+TrackingSession::TrackingSession (TrackingControl& control) : control (&control), controlLife (control), valueBefore (control.GetValue ())
 {
 }
 
 void TrackingSession::Begin ()
 {
-    TrackingControl* target = control.Get ();
+    TrackingControl* target = GetControl ();
     if (target == nullptr) {
         MarkEnded ();
         return;
     }
     target->BeginTracking ({});
-    if (control.Get () == nullptr) MarkEnded ();
+    if (GetControl () == nullptr) MarkEnded ();
 }
 
 bool TrackingSession::Perform (const Wg::ModalStep& step)
 {
     if (HasEnded ()) return true;
-    TrackingControl* target = control.Get ();
+    TrackingControl* target = GetControl ();
     if (target == nullptr) {
         MarkEnded ();
         return true;
@@ -45,7 +45,7 @@ bool TrackingSession::Perform (const Wg::ModalStep& step)
         default:
             break;
     }
-    if (control.Get () == nullptr) MarkEnded ();
+    if (GetControl () == nullptr) MarkEnded ();
     return HasEnded ();
 }
 
@@ -53,7 +53,7 @@ void TrackingSession::EndSession (bool chosen, std::int32_t chosenValue)
 {
     // Ended before the last notifications, so that an observer who looks sees a closed popup.
     MarkEnded ();
-    control.Get ()->EndTracking ({}, chosen, chosenValue);
+    GetControl ()->EndTracking ({}, chosen, chosenValue);
 }
 
 }   // namespace Pk

@@ -1,25 +1,13 @@
 #pragma once
-// Internal helpers of the controls: surviving one's own notifications, and stepping through
-// UTF-16 text by characters (a surrogate pair is one character). No promise beyond this library.
+// Internal helpers of the controls: stepping through UTF-16 text by characters (a surrogate
+// pair is one character). No promise beyond this library.
 
 #include <cstddef>
 
-#include "Kor/Event.hpp"
+#include "Kor/LifeWatch.hpp"
 #include "Kor/UniString.hpp"
 
 namespace Wg::Detail {
-
-// An observer may destroy the control that notifies it. A control that still has work after a
-// notification attaches a watch to itself first and stops when the watch saw it go. The watch
-// implements no observer interface, so no notification ever reaches it.
-class LifeWatch : public Kor::EventObserver {
-public:
-    bool IsGone () const { return gone; }
-    void SourceDestroyed (Kor::EventSource&) override { gone = true; }
-
-private:
-    bool gone = false;
-};
 
 inline bool IsHighSurrogate (char16_t ch) { return ch >= 0xD800 && ch <= 0xDBFF; }
 inline bool IsLowSurrogate (char16_t ch) { return ch >= 0xDC00 && ch <= 0xDFFF; }

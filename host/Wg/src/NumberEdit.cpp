@@ -90,8 +90,7 @@ NumberEditBase::NumberEditBase (const Panel& panel, const Rect& rect, short id) 
 
 void NumberEditBase::UserType (const Kor::UniString& characters)
 {
-    Detail::LifeWatch watch;
-    Kor::EventSource::Attach (watch);
+    Kor::LifeWatch watch (*this);
     std::size_t index = 0;
     while (index < characters.GetLength ()) {
         const std::size_t characterLength = Detail::CharacterLengthAt (characters, index);
@@ -177,8 +176,7 @@ void NumberEditBase::FocusChanged (bool gained)
         return;
     }
     // What was typed is committed before anybody hears that the focus left.
-    Detail::LifeWatch watch;
-    Kor::EventSource::Attach (watch);
+    Kor::LifeWatch watch (*this);
     Commit ();
     if (watch.IsGone ()) return;
     Item::FocusChanged (false);

@@ -76,8 +76,7 @@ void TextEdit::SelectAll ()
 
 void TextEdit::UserType (const Kor::UniString& characters)
 {
-    Detail::LifeWatch watch;
-    Kor::EventSource::Attach (watch);
+    Kor::LifeWatch watch (*this);
     std::size_t index = 0;
     while (index < characters.GetLength ()) {
         const std::size_t characterLength = Detail::CharacterLengthAt (characters, index);
@@ -194,8 +193,7 @@ void TextEdit::FocusChanged (bool gained)
         return;
     }
     // What was typed is committed before anybody hears that the focus left.
-    Detail::LifeWatch watch;
-    Kor::EventSource::Attach (watch);
+    Kor::LifeWatch watch (*this);
     Commit ();
     if (watch.IsGone ()) return;
     Item::FocusChanged (false);

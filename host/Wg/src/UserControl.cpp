@@ -55,8 +55,7 @@ void UserControl::EndTracking (bool chosen, std::int32_t chosenValue)
     tracking = false;
     SetValue (chosen ? chosenValue : valueBeforeTracking);
 
-    Detail::LifeWatch watch;
-    Kor::EventSource::Attach (watch);
+    Kor::LifeWatch watch (*this);
     const UserControlTrackEvent trackEvent (this);
     NotifyObservers<UserControlObserver> ([&] (UserControlObserver& observer) { observer.UserControlTracked (trackEvent); });
     if (watch.IsGone ()) return;

@@ -2,9 +2,11 @@
 
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 #include "Kor/Event.hpp"
+#include "Kor/LifeWatch.hpp"
 
 namespace {
 
@@ -244,6 +246,79 @@ TEST_F (EventSourceTest, CopiedSourceAndObserverStartUnattached)
     EXPECT_EQ (log, "");
     Recorder aCopy (a);
     EXPECT_EQ (aCopy.GetSourceCount (), 0u);
+}
+
+// An observer that throws must leave the source as it was: the delivery record is unlinked,
+// a detach during the unwinding walk leaves no hole behind, and destroying the source later
+// touches no dead stack frame (the sanitizers would report one).
+TEST_F (EventSourceTest, ThrowingObserverLeavesTheSourceConsistent)
+{
+    auto source = std::make_unique<Source> ();
+    Recorder a ("a", log), b ("b", log);
+    source->Attach (a);
+    source->Attach (b);
+    b.action = [&] {
+        source->Detach (a);
+        throw std::runtime_error ("observer failed");
+    };
+    EXPECT_THROW (source->Ping (), std::runtime_error);
+    EXPECT_FALSE (source->IsNotifying ());
+    EXPECT_EQ (source->GetObserverCount (), 1u);
+    b.action = nullptr;
+    source->Attach (a);
+    source->Detach (b);
+    // No hole left by the aborted walk: the count is exact and a later detach erases.
+    EXPECT_EQ (source->GetObserverCount (), 1u);
+    source->Ping ();
+    EXPECT_EQ (log, "ba");
+    source.reset ();
+    EXPECT_EQ (log, "ba~a");
+}
+
+TEST_F (EventSourceTest, ThrowingObserverInsideNestedDeliveryUnwindsBothWalks)
+{
+    Source source;
+    Recorder outer ("o", log), inner ("i", log);
+    source.Attach (outer);
+    source.Attach (inner);
+    int depth = 0;
+    inner.action = [&] {
+        if (depth++ == 0) source.Ping ();
+        else throw std::runtime_error ("deep");
+    };
+    EXPECT_THROW (source.Ping (), std::runtime_error);
+    EXPECT_FALSE (source.IsNotifying ());
+    inner.action = nullptr;
+    source.Detach (outer);
+    EXPECT_EQ (source.GetObserverCount (), 1u);
+    log.clear ();
+    source.Ping ();
+    EXPECT_EQ (log, "i");
+}
+
+TEST (LifeWatchTest, TellsWhenAnyWatchedSourceIsGone)
+{
+    auto first = std::make_unique<Source> ();
+    auto second = std::make_unique<Source> ();
+    Kor::LifeWatch watch {first.get (), nullptr, second.get ()};
+    EXPECT_TRUE (watch.IsAlive ());
+    // The watch hears no notification of any interface.
+    first->Ping ();
+    EXPECT_EQ (first->GetObserverCount (), 1u);
+    second.reset ();
+    EXPECT_TRUE (watch.IsGone ());
+    first.reset ();
+    EXPECT_TRUE (watch.IsGone ());
+}
+
+TEST (LifeWatchTest, DetachesWhenItEndsFirst)
+{
+    Source source;
+    {
+        Kor::LifeWatch watch (source);
+        EXPECT_EQ (source.GetObserverCount (), 1u);
+    }
+    EXPECT_EQ (source.GetObserverCount (), 0u);
 }
 
 }   // namespace

@@ -17,6 +17,7 @@
 namespace Kor {
 
 class EventSource;
+class LifeWatch;
 
 class EventObserver {
 public:
@@ -51,6 +52,9 @@ public:
 
     std::size_t GetObserverCount () const;
     bool        IsAttached (const EventObserver& observer) const;
+    // Whether a notification of this source is under way (also one that an observer left by
+    // throwing: that one is over).
+    bool        IsNotifying () const { return deliveries != nullptr; }
 
 protected:
     // Attaching an observer that is attached already changes nothing.
@@ -68,6 +72,7 @@ protected:
 
 private:
     friend class EventObserver;
+    friend class LifeWatch;
 
     struct Delivery {
         Delivery*  outer = nullptr;
@@ -96,7 +101,19 @@ bool EventSource::NotifyObserversUntil (Fn&& fn)
     Delivery delivery;
     delivery.outer = deliveries;
     deliveries = &delivery;
-    bool stopped = false;
+    // Unlinks the delivery however the walk ends, an observer's exception included; a source
+    // destroyed during the walk has already forgotten it and must not be touched.
+    struct Unlink {
+        EventSource& source;
+        Delivery&    delivery;
+        ~Unlink ()
+        {
+            if (delivery.sourceDestroyed) return;
+            source.deliveries = delivery.outer;
+            if (source.deliveries == nullptr && source.hasHoles) source.Compact ();
+        }
+    } unlink { *this, delivery };
+
     // Observers attached during the walk land beyond the initial count and are not visited;
     // detached ones leave a null hole until the outermost delivery ends.
     for (std::size_t i = observers.size (); i-- > 0;) {
@@ -104,13 +121,10 @@ bool EventSource::NotifyObserversUntil (Fn&& fn)
         if (observer == nullptr) continue;
         auto* typed = dynamic_cast<ObserverType*> (observer);
         if (typed == nullptr) continue;
-        stopped = fn (*typed);
-        if (delivery.sourceDestroyed) return stopped;
-        if (stopped) break;
+        if (fn (*typed)) return true;
+        if (delivery.sourceDestroyed) return false;
     }
-    deliveries = delivery.outer;
-    if (deliveries == nullptr && hasHoles) Compact ();
-    return stopped;
+    return false;
 }
 
 }   // namespace Kor

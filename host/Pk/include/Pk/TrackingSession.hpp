@@ -12,7 +12,7 @@
 
 #include <cstdint>
 
-#include "Pk/ItemWatch.hpp"
+#include "Kor/LifeWatch.hpp"
 #include "Pk/TrackingControl.hpp"
 #include "Wg/ModalRunner.hpp"
 
@@ -21,12 +21,12 @@ namespace Pk {
 class TrackingSession : public Wg::ModalSession {
 public:
     // The control, or null once it has been destroyed.
-    TrackingControl* GetControl () const { return control.Get (); }
+    TrackingControl* GetControl () const { return controlLife.IsAlive () ? control : nullptr; }
     // The control's value when the session was made.
     std::int32_t GetValueBefore () const { return valueBefore; }
 
     // --- Wg::ModalSession ---
-    Wg::Item* GetAnchor () const override { return control.Get (); }
+    Wg::Item* GetAnchor () const override { return GetControl (); }
     void      Begin () override;
     bool      Perform (const Wg::ModalStep& step) override;
 
@@ -43,8 +43,9 @@ protected:
 private:
     void EndSession (bool chosen, std::int32_t chosenValue);
 
-    ItemWatch<TrackingControl> control;
-    std::int32_t               valueBefore;
+    TrackingControl* control;
+    Kor::LifeWatch   controlLife;
+    std::int32_t     valueBefore;
 };
 
 }   // namespace Pk
