@@ -250,6 +250,31 @@ TEST_F (CommitTest, DestroyingTheListCommitsWhatWasTypedToItsItem)
     EXPECT_EQ (kept.GetValue (), 7.0);
 }
 
+TEST_F (CommitTest, ClearingTheListCommitsWhatWasTypedWhileItsItemIsThere)
+{
+    TxAL::AttributeListLengthItem kept ("Kept", NoIcon, 0, 10, 1, true, true, false);
+    h.list->AddListItem (kept);
+    h.list->FullRefreshList (true);
+    h.ClickColumn (4, 4);
+    LengthEdit ().UserType ("8");
+    // A palette rebuilt for another element clears its list first.
+    h.list->ClearList (false);
+    EXPECT_EQ (kept.GetValue (), 8.0);
+
+    // The commit's observer may clear the list itself.
+    h.list->AddListItem (kept);
+    h.list->FullRefreshList (true);
+    h.ClickColumn (1, 4);
+    LengthEdit ().UserType ("9");
+    CallLog clearer;
+    clearer.Watch (kept);
+    clearer.onCall = [this] (const std::string&, const AttributeListItem*) { h.list->ClearList (true); };
+    h.list->ClearList (true);
+    EXPECT_EQ (clearer.Take (), "ValueChanged(Kept)");
+    EXPECT_EQ (kept.GetValue (), 9.0);
+    EXPECT_EQ (h.Rows (), "");
+}
+
 // --- Keyboard ---
 
 class KeyboardTest : public ::testing::Test {
