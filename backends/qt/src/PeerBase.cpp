@@ -195,8 +195,7 @@ void PeerBase::QtFocusOut (Qt::FocusReason reason)
     // model's focus leaves too, so that what was typed is committed.
     const QWidget* now = QApplication::focusWidget ();
     if (now != nullptr && (now == &view || view.isAncestorOf (now))) return;
-    const InputScope scope;
-    view.GetPanel ()->SetFocusedItem (nullptr);
+    view.LeavePanel ();
 }
 
 bool PeerBase::ShowToolTip (QEvent& event)

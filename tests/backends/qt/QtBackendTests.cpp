@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
+#include <QHBoxLayout>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -284,6 +285,52 @@ TEST_F (QtBackendTest, TypingGoesThroughTheModelAndFocusMovesCommit)
     seen += std::string (second.IsFocused () ? "second" : "first") + "|" + recorder.Take ();
     first.Detach (recorder);
     EXPECT_EQ (seen, "Wall|Walaü=Walaü|Wall|second|Changed:Walls");
+}
+
+// Gives the edit the focus back whenever it reports a change, as a list refreshing the
+// committed row does.
+class Refocuser : public Wg::TextEditObserver {
+public:
+    int  changes = 0;
+    void TextEditChanged (const Wg::TextEditChangeEvent& event) override
+    {
+        ++changes;
+        event.GetSource ()->SetFocus ();
+    }
+};
+
+TEST_F (QtBackendTest, LeavingTheViewCommitsOnceAndTheKeyboardStaysWhereTheUserPutIt)
+{
+    QWidget window;
+    auto* layout = new QHBoxLayout (&window);
+    auto* elsewhere = new QLineEdit (&window);
+    view->setParent (&window);
+    layout->addWidget (view.get ());
+    layout->addWidget (elsewhere);
+    window.show ();
+    window.activateWindow ();
+    Wg::TextEdit edit (panel, Wg::Rect::FromSize (10, 230, 150, 22));
+    edit.SetAutoUpdate (false);
+    Refocuser refocuser;
+    edit.Attach (refocuser);
+    auto& line = PeerOf<QLineEdit> (edit);
+    edit.SetFocus ();
+    QCoreApplication::processEvents ();
+
+    Facts facts;
+    SendKey (line, Qt::Key_A, "a");
+    elsewhere->setFocus (Qt::MouseFocusReason);
+    QCoreApplication::processEvents ();
+    facts ("changes", refocuser.changes) ("modelFocus", panel.GetFocusedItem () != nullptr) ("qtStaysElsewhere", QApplication::focusWidget () == elsewhere);
+
+    // Hiding the view (its window closed) commits too.
+    edit.SetFocus ();
+    SendKey (line, Qt::Key_B, "b");
+    view->hide ();
+    facts ("changesAfterHide", refocuser.changes) ("text", edit.GetText ().ToUtf8 ()) ("modelFocusAfterHide", panel.GetFocusedItem () != nullptr);
+    edit.Detach (refocuser);
+    view->setParent (nullptr);
+    EXPECT_EQ (facts.Text (), "changes=1 modelFocus=false qtStaysElsewhere=true changesAfterHide=2 text=ab modelFocusAfterHide=false");
 }
 
 TEST_F (QtBackendTest, NumberEditShowsWhatTheModelHolds)
