@@ -289,7 +289,9 @@ void SettingsPalette::Store (const TxAL::AttributeListItem& item, const std::str
 {
     Element* element = model.Find (elementId);
     const std::string key = GetSettingKey (&item);
-    if (element != nullptr && !key.empty ()) element->Set (key, value);
+    if (element == nullptr || key.empty ()) return;
+    element->Set (key, value);
+    ++storedChangeCount;
 }
 
 void SettingsPalette::SelectionChanged (const TxAL::AttributeListSelectionItem& item)

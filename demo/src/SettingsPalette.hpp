@@ -38,6 +38,8 @@ public:
     Wg::Panel&           GetPanel () { return panel; }
     // The setting a row shows, empty for headings and rows without a setting.
     std::string GetSettingKey (const TxAL::AttributeListItem* item) const;
+    // How many of the user's edits the palette has written into the model so far.
+    int GetStoredChangeCount () const { return storedChangeCount; }
 
 protected:
     // --- Item observers: the user's edits go into the model ---
@@ -68,6 +70,7 @@ private:
     // Items the palette made itself (the list's factories make the others and own them).
     std::vector<std::unique_ptr<TxAL::AttributeListItem>>         ownedItems;
     std::unordered_map<const TxAL::AttributeListItem*, std::string> keys;
+    int                                                           storedChangeCount = 0;
 };
 
 }   // namespace Demo
