@@ -3,6 +3,7 @@
 // building model in groups, and writes the user's edits back into the model.
 
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -57,6 +58,8 @@ protected:
 
 private:
     void Build (Element& element);
+    // A group heading, folded if the user folded a group of that name before.
+    TxAL::AttributeListGroupItem* CreateGroup (const std::string& name, const Wg::Icon& icon);
     void Bind (TxAL::AttributeListItem* item, const std::string& key);
     void Store (const TxAL::AttributeListItem& item, const std::string& value);
     void Recalculate ();
@@ -71,6 +74,8 @@ private:
     std::vector<std::unique_ptr<TxAL::AttributeListItem>>         ownedItems;
     std::unordered_map<const TxAL::AttributeListItem*, std::string> keys;
     int                                                           storedChangeCount = 0;
+    // Names of the groups the user folded, kept from one element to the next.
+    std::set<std::string>                                         collapsedGroups;
 };
 
 }   // namespace Demo
