@@ -176,6 +176,9 @@ AttributeList::~AttributeList ()
     panel.RemoveKeyboardHandler (*this);
     AttributeListRegistry::Remove (this);
     ClearList (false);
+    // Destroyed by an observer while drawing was suspended: the panel's list box lives on and
+    // must draw again.
+    if (drawSuspensionDepth > 0 && ownListBox == nullptr) listBox->EnableDraw ();
 }
 
 // --- Geometry and layout ---

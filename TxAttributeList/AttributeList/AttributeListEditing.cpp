@@ -38,10 +38,10 @@ void AttributeList::DispatchToSelectedItem (Fn&& fn)
     AttributeListItem* item = GetSelectedRowItem ();
     if (item == nullptr) return;
     DrawSuspension suspension (*this);
-    Kor::LifeWatch guard (*item);
+    Kor::LifeWatch alive {item, this};
     fn (*item);
-    // An observer may have deleted the item, or the rows may have moved under it.
-    if (!guard.IsAlive ()) return;
+    // An observer may have deleted the item or the list, or the rows may have moved.
+    if (alive.IsGone ()) return;
     const short row = listBox->GetSelectedItem ();
     if (row > 0 && GetItemOfRow (row) == item) item->DrawListItem (row);
 }
@@ -127,6 +127,16 @@ void AttributeList::RemoveOnTabItemsFromAllColumns ()
 {
     const short count = listBox->GetTabFieldCount ();
     for (short column = 1; column <= count; ++column) listBox->RemoveOnTabItem (column);
+}
+
+void AttributeList::CommitEditing ()
+{
+    if (!IsEditControlFocused ()) return;
+    Wg::Item* focused = panel.GetFocusedItem ();
+    if (auto* text = dynamic_cast<Wg::TextEdit*> (focused))
+        text->Commit ();
+    else if (auto* number = dynamic_cast<Wg::NumberEditBase*> (focused))
+        number->Commit ();
 }
 
 void AttributeList::NotifySelectionChanged ()

@@ -78,8 +78,18 @@ void AttributeListGroupItem::MakeMaster (AttributeListSimpleItem& item, bool ass
     }
 }
 
+bool AttributeListGroupItem::CommitTypingOnOwnRow ()
+{
+    AttributeList* list = GetAttributeList ();
+    if (list == nullptr || GetRow () <= 0 || list->GetListBox ().GetSelectedItem () != GetRow ()) return true;
+    Kor::LifeWatch alive (*this);
+    list->CommitEditing ();
+    return alive.IsAlive ();
+}
+
 void AttributeListGroupItem::RemoveMasterItem ()
 {
+    if (!CommitTypingOnOwnRow ()) return;
     DisableUpdate ();
     ClearMasterItem ();
     EnableUpdate ();
@@ -89,6 +99,9 @@ void AttributeListGroupItem::RemoveMasterItem ()
 void AttributeListGroupItem::ClearMasterItem ()
 {
     if (masterItem == nullptr || clearingMaster) return;
+    // What the user typed into the master reaches it before it goes; its observers may remove
+    // the master or the whole group.
+    if (!CommitTypingOnOwnRow () || masterItem == nullptr) return;
     // Deleting the master runs its destructor, which comes back here through DeleteItem.
     clearingMaster = true;
     AttributeListSimpleItem* master = masterItem;
@@ -144,6 +157,15 @@ void AttributeListGroupItem::ReplaceItem (AttributeListSimpleItem* oldItem, Attr
     if (newItem != nullptr && newItem->GetGroup () != nullptr) return;
     auto position = items.FindFirst (oldItem);
     if (!position.has_value ()) return;   // the master is not a child; it is replaced as master
+    if (oldItem->IsSelected ()) {
+        // What the user typed reaches the old item first; its observers may remove the old
+        // item, the newcomer or the whole group.
+        Kor::LifeWatch alive {this, oldItem, newItem};
+        if (AttributeList* list = GetAttributeList ()) list->CommitEditing ();
+        if (alive.IsGone () || oldItem->GetGroup () != this || (newItem != nullptr && newItem->GetGroup () != nullptr)) return;
+        position = items.FindFirst (oldItem);
+        if (!position.has_value ()) return;
+    }
     const short row = oldItem->GetRow ();
     const bool wasSelected = oldItem->IsSelected ();
 

@@ -194,12 +194,15 @@ void AttributeListItem::ButtonClicked (const Wg::ButtonClickEvent&) {}
 Kor::UniString AttributeListItem::GetToolTip ()
 {
     Kor::UniString answer;
+    Kor::LifeWatch alive (*this);
     NotifyObserversUntil<AttributeListItemObserver> ([&] (AttributeListItemObserver& o) {
         Kor::UniString text = o.AttributeListItemToolTipRequested (*this);
         if (text.IsEmpty ()) return false;
         answer = std::move (text);
         return true;
     });
+    // An observer that deleted the item leaves no default to fall back on.
+    if (alive.IsGone ()) return answer;
     return answer.IsEmpty () ? defaultToolTip : answer;
 }
 
@@ -277,8 +280,13 @@ void AttributeListItem::Select (bool setFocus)
     if (list == nullptr || IsSelected ()) return;
     const short row = list->GetFirstListBoxIndex (this);
     if (row <= 0) return;
-    list->GetListBox ().SelectItem (row);
-    if (list->SetOnTabItems () && setFocus) list->SetFocusToEditControl ();
+    // Leaving the old row commits what the user typed there; its observers may remove this
+    // item or destroy the list.
+    AttributeList* owner = list;
+    Kor::LifeWatch alive {this, owner};
+    owner->GetListBox ().SelectItem (row);
+    if (alive.IsGone () || list != owner || !IsSelected ()) return;
+    if (owner->SetOnTabItems () && setFocus && alive.IsAlive ()) owner->SetFocusToEditControl ();
 }
 
 void AttributeListItem::SetFirstVisible ()
@@ -328,9 +336,12 @@ Wg::ListBox* AttributeListItem::GetListBox () const
     return list != nullptr ? &list->GetListBox () : nullptr;
 }
 
-void AttributeListItem::RefreshItem (bool redraw) const
+bool AttributeListItem::RefreshItem (bool redraw) const
 {
-    if (list != nullptr) list->RefreshItem (*this, redraw);
+    if (list == nullptr) return true;
+    Kor::LifeWatch alive (*this);
+    list->RefreshItem (*this, redraw);
+    return alive.IsAlive ();
 }
 
 void AttributeListItem::FullRefreshList () const

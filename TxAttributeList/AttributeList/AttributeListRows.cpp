@@ -214,11 +214,13 @@ void AttributeList::FullRefreshList (bool selectFirst)
 
     const short scrollPosition = listBox->GetScrollPosition ();
     const AttributeListItem* selectedItem = GetSelectedRowItem ();
-    // Deleting the rows commits what the user typed into the selected row first; an observer
-    // of that commit may delete the item.
+    // Deleting the rows commits what the user typed into the selected row first, and the
+    // observers of the row count run below: either may delete the item or the list.
+    Kor::LifeWatch listLife (*this);
     Kor::LifeWatch selectedLife {selectedItem};
     const short oldCount = listBox->GetItemCount ();
     listBox->DeleteAllItems ();
+    if (listLife.IsGone ()) return;
     if (selectedLife.IsGone ()) selectedItem = nullptr;
 
     for (AttributeListItem* item : items) {
@@ -241,8 +243,11 @@ void AttributeList::FullRefreshList (bool selectFirst)
         }
     }
 
-    if (listBox->GetItemCount () != oldCount)
+    if (listBox->GetItemCount () != oldCount) {
         NotifyObservers<AttributeListObserver> ([this] (AttributeListObserver& o) { o.AttributeListRequiredHeightChanged (*this); });
+        if (listLife.IsGone ()) return;
+        if (selectedLife.IsGone ()) selectedItem = nullptr;
+    }
 
     short rowToSelect = 0;
     if (selectedItem != nullptr) {
@@ -280,14 +285,18 @@ void AttributeList::RefreshItem (const AttributeListItem& item, bool redraw)
         const AttributeListGroupItem* owner = static_cast<const AttributeListSimpleItem&> (item).GetGroup ();
         if (owner != nullptr && owner->GetMasterItem () == &item) group = owner;
     }
+    // Placing the controls again moves the focus, which commits typing elsewhere: observers
+    // of that may delete the item or the list.
+    Kor::LifeWatch alive {this, &item};
     const short count = listBox->GetItemCount ();
-    for (short row = 1; row > 0 && row <= count; ++row) {
+    for (short row = 1; row > 0 && row <= count && row <= listBox->GetItemCount (); ++row) {
         const void* value = listBox->GetItemValue (row);
         if (value != &item && (group == nullptr || value != group)) continue;
         listBox->SetItemStatus (row, item.GetStatus () ? Wg::ListBox::Normal : Wg::ListBox::Grayed);
         static_cast<const AttributeListItem*> (value)->DrawListItem (row);
         // A refresh of the selected row always moves the focus into its edit; intended.
-        if (row == listBox->GetSelectedItem () && SetOnTabItems ()) SetFocusToEditControl ();
+        if (row == listBox->GetSelectedItem () && SetOnTabItems () && alive.IsAlive ()) SetFocusToEditControl ();
+        if (alive.IsGone ()) return;
         if (redraw) listBox->RedrawItem (row);
     }
 }

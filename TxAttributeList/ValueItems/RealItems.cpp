@@ -85,7 +85,7 @@ void AttributeListRealItem::CorrectValue ()
         value = minValue;
     else if (value > maxValue)
         value = maxValue;
-    if (GetAttributeList () != nullptr) RefreshItem (true);
+    if (!RefreshItem (true)) return;
     if (CanUpdateEditControl ()) GetRealEditControl ()->SetValue (value);
 }
 
@@ -113,16 +113,20 @@ void AttributeListRealItem::SetMinValue (double newMin)
 {
     if (!Differs (minValue, newMin)) return;
     minValue = newMin;
+    // Refreshing the row may run observers that delete the item.
+    Kor::LifeWatch alive (*this);
     CorrectValue ();
-    if (CanUpdateEditControl ()) GetRealEditControl ()->SetMin (minValue);
+    if (alive.IsAlive () && CanUpdateEditControl ()) GetRealEditControl ()->SetMin (minValue);
 }
 
 void AttributeListRealItem::SetMaxValue (double newMax)
 {
     if (!Differs (maxValue, newMax)) return;
     maxValue = newMax;
+    // Refreshing the row may run observers that delete the item.
+    Kor::LifeWatch alive (*this);
     CorrectValue ();
-    if (CanUpdateEditControl ()) GetRealEditControl ()->SetMax (maxValue);
+    if (alive.IsAlive () && CanUpdateEditControl ()) GetRealEditControl ()->SetMax (maxValue);
 }
 
 void AttributeListRealItem::SetValue (double newValue)
@@ -181,7 +185,7 @@ void AttributeListRealItem::RealEditChanged (const Wg::RealEditChangeEvent& even
     if (edit == nullptr || event.GetSource () != edit) return;
     // The edit enforced the bounds it was given; the value is taken as it stands.
     value = edit->GetValue ();
-    RefreshItem (false);
+    if (!RefreshItem (false)) return;
     NotifyValueChanged ();
 }
 
@@ -273,16 +277,18 @@ void AttributeListIntItem::SetMinValue (double newMin)
     // The tolerance test compares the unclamped number.
     if (!Differs (AttributeListRealItem::GetMinValue (), newMin)) return;
     StoreMinValue (std::max (LowestValue, newMin));
+    Kor::LifeWatch alive (*this);
     CorrectValue ();
-    if (CanUpdateIntEdit ()) GetOnTabItems ()->GetIntEdit ().SetMin (GetMinValue ());
+    if (alive.IsAlive () && CanUpdateIntEdit ()) GetOnTabItems ()->GetIntEdit ().SetMin (GetMinValue ());
 }
 
 void AttributeListIntItem::SetMaxValue (double newMax)
 {
     if (!Differs (AttributeListRealItem::GetMaxValue (), newMax)) return;
     StoreMaxValue (std::min (HighestValue, newMax));
+    Kor::LifeWatch alive (*this);
     CorrectValue ();
-    if (CanUpdateIntEdit ()) GetOnTabItems ()->GetIntEdit ().SetMax (GetMaxValue ());
+    if (alive.IsAlive () && CanUpdateIntEdit ()) GetOnTabItems ()->GetIntEdit ().SetMax (GetMaxValue ());
 }
 
 void AttributeListIntItem::ShowOnTabItem () const
@@ -309,7 +315,7 @@ void AttributeListIntItem::CorrectValue ()
         StoreValue (minimum);
     else if (current > maximum)
         StoreValue (maximum);
-    if (GetAttributeList () != nullptr) RefreshItem (true);
+    if (!RefreshItem (true)) return;
     if (CanUpdateIntEdit ()) GetOnTabItems ()->GetIntEdit ().SetValue (GetValue ());
 }
 
@@ -325,7 +331,7 @@ void AttributeListIntItem::IntEditChanged (const Wg::IntEditChangeEvent& event)
     OnTabItems* controls = GetOnTabItems ();
     if (controls == nullptr || event.GetSource () != &controls->GetIntEdit ()) return;
     StoreValue (static_cast<double> (controls->GetIntEdit ().GetValue ()));
-    RefreshItem (false);
+    if (!RefreshItem (false)) return;
     NotifyValueChanged ();
 }
 

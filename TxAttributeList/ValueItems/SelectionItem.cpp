@@ -24,8 +24,9 @@ short AttributeListSelectionItem::AddItem (const PopupItem& entry)
 {
     if (entries.GetSize () >= MaxEntryCount) return -1;
     entries.Push (entry);
+    const short index = static_cast<short> (entries.GetSize ());
     RefreshItem (false);
-    return static_cast<short> (entries.GetSize ());
+    return index;
 }
 
 short AttributeListSelectionItem::AddSeparator ()
@@ -204,8 +205,10 @@ void AttributeListSelectionItem::PkPopupControlChanged (const Wg::UserControlCha
 {
     const short chosen = GetChosenEntry (event);
     if (chosen < 1) return;
+    // Redrawing the row moves the focus, and a commit elsewhere may delete this item.
+    Kor::LifeWatch alive (*this);
     SelectItem (chosen);
-    NotifySelectionChanged ();
+    if (alive.IsAlive ()) NotifySelectionChanged ();
 }
 
 short AttributeListSelectionItem::GetChosenEntry (const Wg::UserControlChangeEvent& event) const

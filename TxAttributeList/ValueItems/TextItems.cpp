@@ -200,7 +200,7 @@ void AttributeListTextItem::TextEditChanged (const Wg::TextEditChangeEvent& even
     // Kept, so that the caret survives a redraw of the row.
     SetLastSelection (edit.GetSelection ());
     SetText (edit.GetText (), true);
-    RefreshItem (false);
+    if (!RefreshItem (false)) return;
     NotifyObservers<AttributeListTextItemObserver> ([this] (AttributeListTextItemObserver& o) { o.TextChanged (*this); });
 }
 
@@ -235,13 +235,16 @@ void AttributeListTextItem::PkPopupControlChanged (const Wg::UserControlChangeEv
     }
     const short chosen = GetChosenEntry (event);
     if (chosen < 1) return;
+    // Redrawing the row moves the focus, and a commit elsewhere may delete this item.
+    Kor::LifeWatch alive (*this);
     SelectItem (chosen);
+    if (alive.IsGone ()) return;
     const short count = static_cast<short> (GetEntries ().GetSize ());
     if (!customText.IsEmpty () && GetSelected () == count)
         SetText (customText, false);
     else
         SetText (GetSelectedString (), false);
-    RefreshItem (false);
+    if (alive.IsGone () || !RefreshItem (false)) return;
     NotifyObservers<AttributeListTextItemObserver> ([this] (AttributeListTextItemObserver& o) { o.TextChanged (*this); });
 }
 
@@ -347,7 +350,7 @@ void AttributeListDictionaryItem::TextEditChanged (const Wg::TextEditChangeEvent
     Wg::TextEdit& edit = controls->GetTextEdit ();
     SetLastSelection (edit.GetSelection ());
     SetText (edit.GetText ());
-    RefreshItem (false);
+    if (!RefreshItem (false)) return;
     NotifyObservers<AttributeListDictionaryItemObserver> ([this] (AttributeListDictionaryItemObserver& o) { o.TextChanged (*this); });
 }
 

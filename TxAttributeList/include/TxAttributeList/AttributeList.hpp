@@ -300,6 +300,9 @@ private:
     AttributeListItem* GetItemOfRow (short row) const;
     AttributeListItem* GetSelectedRowItem () const { return GetItemOfRow (listBox->GetSelectedItem ()); }
     void NotifySelectionChanged ();
+    // Sends what the user typed into the focused in-place edit before an operation takes the
+    // edit away; the focus stays. Runs observers: callers check what survived.
+    void CommitEditing ();
     bool IsOnTabControl (const Wg::Item* item) const;
     Wg::KeyResult MoveSelection (short step);
 

@@ -132,6 +132,9 @@ protected:
 private:
     bool HasVisibleChild () const;
     bool IsInTriangleColumn (int x) const;
+    // Commits the user's typing when the group's row is selected; returns whether the group
+    // survived its observers.
+    bool CommitTypingOnOwnRow ();
     void MakeMaster (AttributeListSimpleItem& item, bool assign);
 
     ItemArray                items;

@@ -203,7 +203,9 @@ protected:
     void           SetOwnCreated () { ownCreated = true; }
     void           SetOnTabItems (OnTabItems& items) { onTabItems = &items; }
     OnTabItems*    GetOnTabItems () const { return onTabItems; }
-    void           RefreshItem (bool redraw) const;
+    // Redraws the item's row. Placing the row's controls again moves the focus, which may
+    // commit typing elsewhere and run observers: returns whether the item survived.
+    bool           RefreshItem (bool redraw) const;
     void           FullRefreshList () const;
     void           IconColumnPopupChanged ();
     void           UpdateHeaderBgColor (short row) const;

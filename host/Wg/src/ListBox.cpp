@@ -214,9 +214,9 @@ void ListBox::DeleteItem (short row)
     if (!impl->IsRow (row)) return;
     // The selection goes while the row still exists, so that an edit over it commits to it.
     if (impl->selected == row) {
-        const std::weak_ptr<char> alive = impl->lifeToken;
+        Kor::LifeWatch alive (*this);
         impl->SetSelected (NoRow);
-        if (alive.expired () || !impl->IsRow (row)) return;
+        if (alive.IsGone () || !impl->IsRow (row)) return;
     }
     impl->rows.erase (impl->rows.begin () + (row - 1));
     impl->RowsChanged ();
@@ -231,9 +231,9 @@ void ListBox::DeleteItem (short row)
 void ListBox::DeleteAllItems ()
 {
     // The selection goes while the rows still exist, so that an edit over them commits.
-    const std::weak_ptr<char> alive = impl->lifeToken;
+    Kor::LifeWatch alive (*this);
     impl->SetSelected (NoRow);
-    if (alive.expired ()) return;
+    if (alive.IsGone ()) return;
     // The row storage keeps its capacity: a rebuild of the same size allocates nothing.
     impl->rows.clear ();
     impl->RowsChanged ();

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "Kor/LifeWatch.hpp"
 #include "Wg/ListBox.hpp"
 
 namespace Wg {
@@ -129,7 +130,6 @@ struct ListBox::Impl {
     OnTabItemWatcher         watcher {*this};
     std::uint64_t            redrawCount = 0;
     // Tells entry points that an observer destroyed the list box during a notification.
-    std::shared_ptr<char>    lifeToken = std::make_shared<char> ();
     int                      drawSuspension = 0;
     ScrollType               scrollType;
     short                    headerHeight;

@@ -29,11 +29,11 @@ bool ListBox::Impl::SetSelected (short row)
 {
     if (row == selected) return false;
     if (!onTabItems.empty ()) {
-        const std::weak_ptr<char> alive = lifeToken;
+        Kor::LifeWatch alive (self);
         Item* focused = self.GetPanel ().GetFocusedItem ();
         if (focused != nullptr && self.IsOnTabItem (*focused)) self.SetFocus ();
         // Committing may have rebuilt the rows or moved the selection already.
-        if (alive.expired () || row == selected || (row != NoRow && !IsRow (row))) return false;
+        if (alive.IsGone () || row == selected || (row != NoRow && !IsRow (row))) return false;
         while (!onTabItems.empty ()) RemoveOnTabEntry (onTabItems.size () - 1, true);
     }
     selected = row;
@@ -47,9 +47,9 @@ void ListBox::Impl::PlaceOnTabItems ()
     // Showing or hiding an item can move the focus, and focus observers may change the on-tab
     // items: walk a copy and skip entries that went meanwhile.
     const std::vector<OnTabEntry> entries = onTabItems;
-    const std::shared_ptr<char> alive = lifeToken;
+    Kor::LifeWatch alive (self);
     for (const OnTabEntry& entry : entries) {
-        if (alive.use_count () == 1) return;
+        if (alive.IsGone ()) return;
         const auto current = std::find_if (onTabItems.begin (), onTabItems.end (),
                                            [&] (const OnTabEntry& e) { return e.item == entry.item && e.column == entry.column; });
         if (current == onTabItems.end ()) continue;
@@ -73,9 +73,9 @@ void ListBox::Impl::RemoveOnTabEntry (std::size_t index, bool hide)
     if (hide && item->IsFocused ()) {
         // The focus stays with the list box rather than going nowhere; what was typed into the
         // item is committed on the way.
-        const std::weak_ptr<char> alive = lifeToken;
+        Kor::LifeWatch alive (self);
         self.SetFocus ();
-        if (alive.expired ()) return;
+        if (alive.IsGone ()) return;
         auto it = std::find_if (onTabItems.begin (), onTabItems.end (), [item] (const OnTabEntry& e) { return e.item == item; });
         if (it == onTabItems.end ()) return;
         index = static_cast<std::size_t> (it - onTabItems.begin ());
@@ -86,9 +86,9 @@ void ListBox::Impl::RemoveOnTabEntry (std::size_t index, bool hide)
     // The commit's observers may have given the focus back to the item (a list refreshing the
     // committed row): hiding it then must not leave the panel without a focused item.
     const bool refocused = item->IsFocused ();
-    const std::weak_ptr<char> alive = lifeToken;
+    Kor::LifeWatch alive (self);
     item->Hide ();
-    if (refocused && !alive.expired () && self.GetPanel ().GetFocusedItem () == nullptr) self.SetFocus ();
+    if (refocused && !alive.IsGone () && self.GetPanel ().GetFocusedItem () == nullptr) self.SetFocus ();
 }
 
 void ListBox::Impl::ForgetOnTabItem (const Kor::EventSource& source)
@@ -151,15 +151,15 @@ short ListBox::GetOnTabItemColumn (const Item& item) const
 void ListBox::Click (short row, Point mouseOffset)
 {
     if (!IsVisible () || !IsEnabled () || !impl->IsRow (row)) return;
-    const std::weak_ptr<char> alive = impl->lifeToken;
+    Kor::LifeWatch alive (*this);
     UserSelect (row);
-    if (alive.expired ()) return;
+    if (alive.IsGone ()) return;
     Item* focused = GetPanel ().GetFocusedItem ();
     if (focused == nullptr || !IsOnTabItem (*focused)) SetFocus ();
-    if (alive.expired ()) return;
+    if (alive.IsGone ()) return;
     const ListBoxClickEvent event (this, row, mouseOffset);
     impl->NotifyListBoxObservers ([&] (ListBoxObserver& observer) { observer.ListBoxClicked (event); });
-    if (alive.expired () || impl->selected != row) return;
+    if (alive.IsGone () || impl->selected != row) return;
     // The click lands on whatever control now stands under the pointer: an edit laid over the
     // clicked column takes the focus, so that the user can type at once.
     for (const Impl::OnTabEntry& entry : impl->onTabItems) {
@@ -180,7 +180,7 @@ void ListBox::DoubleClick (short row, Point mouseOffset)
 void ListBox::UserSelect (short row)
 {
     if (!IsVisible () || !IsEnabled () || (row != NoRow && !impl->IsRow (row))) return;
-    const std::weak_ptr<char> alive = impl->lifeToken;
+    Kor::LifeWatch alive (*this);
     // What the user typed into a control of the old row is committed while that row is still
     // the selected one: the focus leaves the control first, and returns to it on the new row if
     // the control stands there too.
@@ -188,12 +188,12 @@ void ListBox::UserSelect (short row)
     if (editing != nullptr && !IsOnTabItem (*editing)) editing = nullptr;
     if (row != impl->selected && editing != nullptr) {
         SetFocus ();
-        if (alive.expired ()) return;
+        if (alive.IsGone ()) return;
     }
-    if (!impl->SetSelected (row) || alive.expired ()) return;
+    if (!impl->SetSelected (row) || alive.IsGone ()) return;
     const ListBoxSelectionEvent event (this, row);
     impl->NotifyListBoxObservers ([&] (ListBoxObserver& observer) { observer.ListBoxSelectionChanged (event); });
-    if (alive.expired () || editing == nullptr) return;
+    if (alive.IsGone () || editing == nullptr) return;
     // Only an address comparison: the control may have gone meanwhile.
     const bool stillPlaced = std::any_of (impl->onTabItems.begin (), impl->onTabItems.end (),
                                           [editing] (const Impl::OnTabEntry& e) { return e.item == editing; });
@@ -233,9 +233,9 @@ bool ListBox::HandleKey (const Key::Code& key)
         default:            return false;
     }
     const short row = static_cast<short> (std::clamp (target, 1, int (count)));
-    const std::weak_ptr<char> alive = impl->lifeToken;
+    Kor::LifeWatch alive (*this);
     UserSelect (row);
-    if (!alive.expired ()) ScrollIntoView (row);
+    if (!alive.IsGone ()) ScrollIntoView (row);
     return true;
 }
 

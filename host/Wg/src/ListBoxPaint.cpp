@@ -83,7 +83,7 @@ void ListBox::PaintRow (short row, Gfx::DrawingContext& context)
 
     // Owner drawing may change the list box (even destroy it): look everything up again after
     // each event.
-    const std::weak_ptr<char> alive = impl->lifeToken;
+    Kor::LifeWatch alive (*this);
     for (short column = 1; impl->IsColumn (column); ++column) {
         if (!impl->FindField (column)->ownerDrawn) continue;
         const Rect cell = impl->GetCellRect (row, column);
@@ -92,7 +92,7 @@ void ListBox::PaintRow (short row, Gfx::DrawingContext& context)
         const ListBoxTabItemUpdateEvent event (this, row, column, &context, cell);
         impl->NotifyListBoxObservers ([&] (ListBoxObserver& observer) { observer.ListBoxTabFieldUpdate (event); });
         context.PopClip ();
-        if (alive.expired () || !impl->IsRow (row)) return;
+        if (alive.IsGone () || !impl->IsRow (row)) return;
     }
 
     if (impl->FindRow (row)->ownerDrawn) {
@@ -100,7 +100,7 @@ void ListBox::PaintRow (short row, Gfx::DrawingContext& context)
         const ListBoxItemUpdateEvent event (this, row, &context, rowRect);
         impl->NotifyListBoxObservers ([&] (ListBoxObserver& observer) { observer.ListBoxItemUpdate (event); });
         context.PopClip ();
-        if (alive.expired ()) return;
+        if (alive.IsGone ()) return;
     }
 
     if (impl->separatorLines) {
