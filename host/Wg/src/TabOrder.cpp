@@ -10,6 +10,7 @@
 
 #include <algorithm>
 
+#include "Kor/LifeWatch.hpp"
 #include "ListBoxImpl.hpp"
 #include "Wg/Panel.hpp"
 
@@ -29,7 +30,7 @@ bool IsTabStop (const Item& item)
 void ListBox::UserTab (short fromColumn, bool backward)
 {
     if (!IsVisible () || !IsEnabled ()) return;
-    const std::weak_ptr<char> alive = impl->lifeToken;
+    const Kor::LifeWatch alive (*this);
     // The focusable controls over the selected row, by column.
     const auto stops = [this] {
         std::vector<OnTabStop> found;
@@ -64,11 +65,11 @@ void ListBox::UserTab (short fromColumn, bool backward)
     // The list box takes the focus first, so that the control of the old row commits while
     // its row is still the selected one and does not come back on the new row.
     SetFocus ();
-    if (alive.expired ()) return;
+    if (alive.IsGone ()) return;
     UserSelect (static_cast<short> (row));
-    if (alive.expired () || impl->selected != row) return;
+    if (alive.IsGone () || impl->selected != row) return;
     ScrollIntoView (static_cast<short> (row));
-    if (alive.expired ()) return;
+    if (alive.IsGone ()) return;
     const std::vector<OnTabStop> onNewRow = stops ();
     if (onNewRow.empty ())
         SetFocus ();
