@@ -52,9 +52,40 @@ bool AttributeList::SetOnTabItems ()
 {
     AttributeListItem* item = GetSelectedRowItem ();
     if (item == nullptr) return false;
+    Kor::LifeWatch alive {this, item};
     item->SetOnTabItems (*onTabItems);
     item->InitializeOnTabItems ();
+    if (alive.IsGone ()) return false;
+    // A disabled row takes no user change: every control it placed is greyed, and a row that
+    // can be edited again gets its controls back enabled.
+    const short row = listBox->GetSelectedItem ();
+    const bool editable = IsRowEditable (row);
+    const short count = listBox->GetTabFieldCount ();
+    for (short column = 1; column <= count; ++column) {
+        Wg::Item* control = listBox->GetOnTabItem (column);
+        if (control == nullptr || control->IsEnabled () == editable) continue;
+        if (editable)
+            control->Enable ();
+        else
+            control->Disable ();
+        if (alive.IsGone ()) return false;
+    }
     return true;
+}
+
+bool AttributeList::IsRowEditable (short row) const
+{
+    const AttributeListItem* item = GetItemOfRow (row);
+    if (item == nullptr || !listBox->IsItemEnabled (row) || !item->GetStatus ()) return false;
+    if (item->kind != AttributeListItem::Kind::Group) return true;
+    const AttributeListSimpleItem* master = static_cast<const AttributeListGroupItem*> (item)->GetMasterItem ();
+    return master == nullptr || master->GetStatus ();
+}
+
+bool AttributeList::IsTypingInPlacedEdit () const
+{
+    const Wg::Item* focused = panel.GetFocusedItem ();
+    return focused != nullptr && IsEditControlFocused () && listBox->IsOnTabItem (*focused);
 }
 
 void AttributeList::SetFocusToEditControl ()
@@ -120,7 +151,12 @@ std::optional<Wg::Rect> AttributeList::GetSelectedItemRect () const
 
 void AttributeList::SelectItem (AttributeListItem* item, bool setFocus)
 {
-    if (item != nullptr) item->Select (setFocus);
+    if (item == nullptr) return;
+    if (item->list != nullptr && item->list != this) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "item belongs to this list");
+        return;
+    }
+    item->Select (setFocus);
 }
 
 void AttributeList::RemoveOnTabItemsFromAllColumns ()
@@ -399,7 +435,8 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     }
 
     if (code == Wg::Key::NoSpecial && key.GetCharacter () == SpaceCharacter) {
-        if (auto* check = dynamic_cast<AttributeListCheckItem*> (valueItem)) {
+        // A disabled check row does nothing with the key, so the host may use it.
+        if (auto* check = dynamic_cast<AttributeListCheckItem*> (valueItem); check != nullptr && IsRowEditable (row)) {
             check->InvertCheckAndNotify ();
             return Wg::KeyHandled;
         }

@@ -1,5 +1,6 @@
 #include "TxAttributeList/AttributeListGroupItem.hpp"
 
+#include "Kor/Assert.hpp"
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 
@@ -11,6 +12,8 @@ namespace TxAL {
 namespace {
 
 constexpr int BoldFontStyle = 16;
+constexpr const char* AssertPrefix = "TxAL error";
+constexpr const char* SourceFile = "AttributeListItems";
 
 }   // namespace
 
@@ -31,8 +34,11 @@ AttributeListGroupItem::~AttributeListGroupItem ()
 
 void AttributeListGroupItem::AddItem (AttributeListSimpleItem& item)
 {
-    // An item belongs to one group at most, and once: a second entry would outlive the item.
-    if (item.GetGroup () != nullptr) return;
+    // An item stands in one place only: a second entry would outlive the item.
+    if (item.GetGroup () != nullptr || item.GetAttributeList () != nullptr) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "item is in no list and no group");
+        return;
+    }
     items.Push (&item);
     item.SetGroup (this);
     if (GetAttributeList () != nullptr) {
@@ -65,8 +71,14 @@ void AttributeListGroupItem::SetMasterItem (AttributeListSimpleItem& item)
 void AttributeListGroupItem::MakeMaster (AttributeListSimpleItem& item, bool assign)
 {
     if (dynamic_cast<AttributeListSeparatorItem*> (&item) != nullptr || &item == masterItem) return;
-    // An item of another group stays there; that group would keep a pointer to it.
-    if (item.GetGroup () != nullptr && item.GetGroup () != this) return;
+    // An item of another group or list stays there; that place would keep a pointer to it. Only
+    // SetMasterItem takes a top-level item of the group's own list.
+    const bool inThisGroup = item.GetGroup () == this;
+    const bool inOtherList = !inThisGroup && item.GetAttributeList () != nullptr && (assign || item.GetAttributeList () != GetAttributeList ());
+    if ((item.GetGroup () != nullptr && !inThisGroup) || inOtherList) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "item is in no other list and no other group");
+        return;
+    }
     DisableUpdate ();
     ClearMasterItem ();
     masterItem = &item;
@@ -153,8 +165,11 @@ void AttributeListGroupItem::DeleteItem (AttributeListSimpleItem* item, bool del
 void AttributeListGroupItem::ReplaceItem (AttributeListSimpleItem* oldItem, AttributeListSimpleItem* newItem)
 {
     if (oldItem == nullptr || oldItem->GetGroup () != this || oldItem == newItem) return;
-    // The newcomer must not belong to a group yet, this one included: it would stand there twice.
-    if (newItem != nullptr && newItem->GetGroup () != nullptr) return;
+    // The newcomer must stand nowhere yet, this group included: it would stand there twice.
+    if (newItem != nullptr && (newItem->GetGroup () != nullptr || newItem->GetAttributeList () != nullptr)) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "newItem is in no list and no group");
+        return;
+    }
     auto position = items.FindFirst (oldItem);
     if (!position.has_value ()) return;   // the master is not a child; it is replaced as master
     if (oldItem->IsSelected ()) {

@@ -12,11 +12,28 @@
 
 #include "AttributeListRegistry.hpp"
 #include "DrawSuspension.hpp"
+#include "Kor/Assert.hpp"
 #include "Kor/LifeWatch.hpp"
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 
 namespace TxAL {
+
+namespace {
+
+constexpr const char* AssertPrefix = "TxAL error";
+constexpr const char* SourceFile = "AttributeList";
+
+// An item stands in one place only: a second place keeps a pointer to it after the first
+// released or deleted it.
+bool IsPlacedAnywhere (const AttributeListItem& item, const AttributeList* list)
+{
+    if (list != nullptr) return true;
+    const auto* simple = dynamic_cast<const AttributeListSimpleItem*> (&item);
+    return simple != nullptr && simple->GetGroup () != nullptr;
+}
+
+}   // namespace
 
 // --- Registry ---
 
@@ -63,6 +80,10 @@ Kor::UniString AttributeList::GetDrawnTextContentForKorAT (short panelId, short 
 
 void AttributeList::AddListItem (AttributeListItem& item)
 {
+    if (IsPlacedAnywhere (item, item.list)) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "item is in no list and no group");
+        return;
+    }
     items.Push (&item);
     item.AssignToList (this);
 }
@@ -75,6 +96,17 @@ void AttributeList::AddListItem (AttributeListItem* item)
 void AttributeList::DeleteListItem (AttributeListItem* item, bool deleteIfOwnCreated)
 {
     if (item == nullptr) return;
+    // Another list's item, or a group's child: taking it out here would leave its real place
+    // with a dangling pointer.
+    if (item->list != this || !items.Contains (item)) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "item is a top-level item of this list");
+        return;
+    }
+    RemoveTopLevelItem (item, deleteIfOwnCreated);
+}
+
+void AttributeList::RemoveTopLevelItem (AttributeListItem* item, bool deleteIfOwnCreated)
+{
     DisableUpdate ();
     item->DetachListItemFromList ();
     item->AssignToList (nullptr);
@@ -87,6 +119,10 @@ void AttributeList::DeleteListItem (AttributeListItem* item, bool deleteIfOwnCre
 void AttributeList::DetachListItemFromList (AttributeListItem* item)
 {
     if (item == nullptr) return;
+    if (item->list != this) {
+        Kor::ReportAssertFailure (AssertPrefix, SourceFile, __LINE__, "item belongs to this list");
+        return;
+    }
     const short row = item->GetRow ();
     // Only the item's own row is cleared: a stale index must not blank another item's row.
     if (row > 0 && listBox->GetItemValue (row) == item) listBox->SetItemValue (row, nullptr);
@@ -109,7 +145,7 @@ void AttributeList::ClearList (bool refresh)
         if (alive.IsGone ()) return;
     }
     DisableUpdate ();
-    while (!items.IsEmpty ()) DeleteListItem (items.GetLast (), true);
+    while (!items.IsEmpty ()) RemoveTopLevelItem (items.GetLast (), true);
     EnableUpdate ();
     if (refresh) FullRefreshList (true);
 }
@@ -224,13 +260,13 @@ void AttributeList::FullRefreshList (bool selectFirst)
     if (selectedLife.IsGone ()) selectedItem = nullptr;
 
     for (AttributeListItem* item : items) {
-        if (!item->IsVisible ()) {
-            item->listBoxIndex = 0;
-            continue;
-        }
         auto* group = item->kind == AttributeListItem::Kind::Group ? static_cast<AttributeListGroupItem*> (item) : nullptr;
-        if (group != nullptr && group->GetMasterItem () != nullptr && !group->GetMasterItem ()->IsVisible ()) {
-            group->listBoxIndex = 0;   // its children are left as they are
+        const bool hidden = !item->IsVisible () || (group != nullptr && group->GetMasterItem () != nullptr && !group->GetMasterItem ()->IsVisible ());
+        if (hidden) {
+            // Hidden items have no row, the children of a hidden group included.
+            item->listBoxIndex = 0;
+            if (group != nullptr)
+                for (AttributeListSimpleItem* child : group->EnumerateItems ()) child->listBoxIndex = 0;
             continue;
         }
         AppendRowFor (item);
@@ -294,8 +330,10 @@ void AttributeList::RefreshItem (const AttributeListItem& item, bool redraw)
         if (value != &item && (group == nullptr || value != group)) continue;
         listBox->SetItemStatus (row, item.GetStatus () ? Wg::ListBox::Normal : Wg::ListBox::Grayed);
         static_cast<const AttributeListItem*> (value)->DrawListItem (row);
-        // A refresh of the selected row always moves the focus into its edit; intended.
-        if (row == listBox->GetSelectedItem () && SetOnTabItems () && alive.IsAlive ()) SetFocusToEditControl ();
+        // A refresh of the selected row moves the focus into its edit, but leaves it in the
+        // edit that the user is typing in.
+        if (row == listBox->GetSelectedItem () && SetOnTabItems () && alive.IsAlive () && !IsTypingInPlacedEdit ())
+            SetFocusToEditControl ();
         if (alive.IsGone ()) return;
         if (redraw) listBox->RedrawItem (row);
     }

@@ -66,7 +66,9 @@ void AttributeListCheckItem::InvertCheckAndNotify ()
 {
     // A disabled check box is not usable.
     if (!GetStatus ()) return;
+    Kor::LifeWatch alive (*this);
     SetChecked (!checked);
+    if (alive.IsGone ()) return;
     NotifyObservers<AttributeListCheckItemObserver> ([this] (AttributeListCheckItemObserver& o) { o.CheckChanged (*this); });
 }
 

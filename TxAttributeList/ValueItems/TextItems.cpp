@@ -75,20 +75,28 @@ short AttributeListTextItem::GetTextEndPosition () const
 
 void AttributeListTextItem::SetText (const Kor::UniString& newText, bool syncSelection)
 {
-    if (newText == text) return;
+    Kor::LifeWatch alive (*this);
+    if (!StoreText (newText, syncSelection) || alive.IsGone ()) return;
+    RefreshItem (true);
+}
+
+bool AttributeListTextItem::StoreText (const Kor::UniString& newText, bool syncSelection)
+{
+    if (newText == text) return false;
     text = newText;
     if (IsTextEditShown ()) GetOnTabItems ()->GetTextEdit ().SetText (text);
-    if (!valueListEnabled || !syncSelection) return;
+    if (!valueListEnabled || !syncSelection) return true;
     const Kor::Array<PopupItem>& entries = GetEntries ();
     // A separator counts too: its empty text matches an empty text and ends the search, leaving
     // the selection and the custom entry as they are. Intended.
     for (std::size_t i = 0; i < entries.GetSize (); ++i) {
         if (entries[i].GetText () == text) {
             SelectItem (static_cast<short> (i + 1));
-            return;
+            return true;
         }
     }
     if (autoCustomHandling) SetCustomText (text);
+    return true;
 }
 
 void AttributeListTextItem::SetCustomText (const Kor::UniString& newCustomText)
@@ -99,7 +107,7 @@ void AttributeListTextItem::SetCustomText (const Kor::UniString& newCustomText)
 
     if (newCustomText.IsEmpty ()) {
         customText.Clear ();
-        if (autoCustomHandling && customWasSelected) SetText (Kor::UniString (), false);
+        if (autoCustomHandling && customWasSelected) StoreText (Kor::UniString (), false);
         // Only the custom entry goes: without a value list none was added, and the last entry
         // is then a real suggestion.
         const Kor::Array<PopupItem>& entries = GetEntries ();
@@ -115,7 +123,7 @@ void AttributeListTextItem::SetCustomText (const Kor::UniString& newCustomText)
     }
     if (autoCustomHandling && text == newCustomText) SelectItem (static_cast<short> (GetEntries ().GetSize ()));
     customText = newCustomText;
-    if (autoCustomHandling && customWasSelected) SetText (customText, false);
+    if (autoCustomHandling && customWasSelected) StoreText (customText, false);
 }
 
 void AttributeListTextItem::AddStringItem (const Kor::UniString& value)
@@ -199,7 +207,9 @@ void AttributeListTextItem::TextEditChanged (const Wg::TextEditChangeEvent& even
     Wg::TextEdit& edit = controls->GetTextEdit ();
     // Kept, so that the caret survives a redraw of the row.
     SetLastSelection (edit.GetSelection ());
-    SetText (edit.GetText (), true);
+    Kor::LifeWatch alive (*this);
+    StoreText (edit.GetText (), true);
+    if (alive.IsGone ()) return;
     if (!RefreshItem (false)) return;
     NotifyObservers<AttributeListTextItemObserver> ([this] (AttributeListTextItemObserver& o) { o.TextChanged (*this); });
 }
@@ -241,9 +251,9 @@ void AttributeListTextItem::PkPopupControlChanged (const Wg::UserControlChangeEv
     if (alive.IsGone ()) return;
     const short count = static_cast<short> (GetEntries ().GetSize ());
     if (!customText.IsEmpty () && GetSelected () == count)
-        SetText (customText, false);
+        StoreText (customText, false);
     else
-        SetText (GetSelectedString (), false);
+        StoreText (GetSelectedString (), false);
     if (alive.IsGone () || !RefreshItem (false)) return;
     NotifyObservers<AttributeListTextItemObserver> ([this] (AttributeListTextItemObserver& o) { o.TextChanged (*this); });
 }

@@ -295,6 +295,8 @@ private:
     void SetColumnFormatting ();
     void CalculateResizeableColumnsRatio ();
     void AssignListItemToList (AttributeListItem* item, short row);
+    // DeleteListItem for an item known to be one of the top-level items.
+    void RemoveTopLevelItem (AttributeListItem* item, bool deleteIfOwnCreated);
     void AppendRowFor (AttributeListItem* item);
     void RemoveOnTabItemsFromAllColumns ();
     AttributeListItem* GetItemOfRow (short row) const;
@@ -303,6 +305,10 @@ private:
     // Sends what the user typed into the focused in-place edit before an operation takes the
     // edit away; the focus stays. Runs observers: callers check what survived.
     void CommitEditing ();
+    // Whether the row's item (and, on a group's row, its master) is enabled, and the row too.
+    bool IsRowEditable (short row) const;
+    // Whether the user is typing into one of the edits placed on the selected row.
+    bool IsTypingInPlacedEdit () const;
     bool IsOnTabControl (const Wg::Item* item) const;
     Wg::KeyResult MoveSelection (short step);
 

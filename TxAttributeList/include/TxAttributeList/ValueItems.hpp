@@ -196,6 +196,10 @@ protected:
     bool IsTextEditShown () const;
 
 private:
+    // SetText without the redraw of the row; returns whether the text changed. Selecting the
+    // matching entry redraws the row and may run observers: callers check survival.
+    bool StoreText (const Kor::UniString& newText, bool syncSelection);
+
     Kor::UniString text;
     Kor::UniString customText;
     bool           editable;

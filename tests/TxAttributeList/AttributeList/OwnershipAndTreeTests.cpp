@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "AttributeListTestSupport.hpp"
+#include "Kor/Assert.hpp"
 #include "RecordingPeer.hpp"
 #include "Wg/TextEdit.hpp"
 
@@ -196,6 +197,7 @@ TEST_F (OwnershipTest, AnItemJoinsOneGroupAtMostAndOnlyOnce)
     h.list->AddListItem (b);
     auto* item = new CountedItem ("I");
     auto* spare = new CountedItem ("S");
+    Kor::ScopedAssertCapture refusals;
     a.AddItem (item);
     a.AddItem (item);
     b.AddItem (item);
@@ -203,6 +205,7 @@ TEST_F (OwnershipTest, AnItemJoinsOneGroupAtMostAndOnlyOnce)
     b.AddItem (spare);
     a.ReplaceItem (item, spare);   // the spare stays in its own group
     EXPECT_EQ (h.Rows (), "1:▾A 2:  I 3:▾B 4:  S");
+    EXPECT_EQ (refusals.GetCount (), 4u);
 
     delete item;   // nothing keeps a pointer to it
     delete spare;

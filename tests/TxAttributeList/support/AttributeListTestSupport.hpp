@@ -173,9 +173,11 @@ public:
     // --- AttributeListItemObserver ---
     Kor::UniString AttributeListItemToolTipRequested (const AttributeListItem& item) override
     {
-        Add ("ToolTip", &item);
+        // Looked up first: the reaction may delete the item.
         auto it = toolTips.find (item.GetName ().ToUtf8 ());
-        return it != toolTips.end () ? Kor::UniString (it->second) : Kor::UniString ();
+        Kor::UniString answer = it != toolTips.end () ? Kor::UniString (it->second) : Kor::UniString ();
+        Add ("ToolTip", &item);
+        return answer;
     }
     void NameChanged (const AttributeListItem& item) override { Add ("NameChanged", &item); }
     void IconColumnClicked (const AttributeListItem& item) override { Add ("IconColumnClicked", &item); }
