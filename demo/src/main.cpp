@@ -123,6 +123,14 @@ int main (int argc, char** argv)
         script.SetScreenshotHandler (screenshot);
         script.SetUnitsHandler ([&window] (bool metric) { window.ShowUnits (metric); });
         script.SetElementHandler ([&window] (const std::string& id) { window.ShowElement (id); });
+        script.SetCloseHandler ([&window, &application] {
+            window.close ();
+            application.processEvents ();
+        });
+        script.SetFocusOutHandler ([&window, &application] {
+            window.FocusElementList ();
+            application.processEvents ();
+        });
         try {
             script.RunFile (options.script);
         } catch (const Demo::ScriptError& e) {
