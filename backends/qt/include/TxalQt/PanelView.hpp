@@ -23,6 +23,7 @@ namespace TxalQt {
 
 class PeerBase;
 
+// The QWidget that shows a Wg::Panel and reports the user's input to it.
 class PanelView : public QWidget, public Wg::PanelPeer {
     Q_OBJECT
 
