@@ -128,7 +128,7 @@ void PanelView::CreatePeer (Wg::Item& item)
     PeerBase* peer = nullptr;
     if (auto* listBox = dynamic_cast<Wg::ListBox*> (&item))
         peer = new ListBoxView (*this, *listBox);
-    else if (dynamic_cast<Wg::TextEdit*> (&item) != nullptr || dynamic_cast<Wg::NumberEditBase*> (&item) != nullptr)
+    else if (dynamic_cast<Wg::TypingEdit*> (&item) != nullptr)
         peer = new EditPeer (*this, item);
     else if (auto* bar = dynamic_cast<Wg::BarControl*> (&item))
         peer = new SliderPeer (*this, *bar);
