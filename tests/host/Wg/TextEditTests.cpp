@@ -30,13 +30,6 @@ protected:
         return edit.GetText ().ToUtf8 () + "|" + std::to_string (selection.GetBegin ()) + "-" + std::to_string (selection.GetEnd ());
     }
 
-    std::string TakeLog ()
-    {
-        std::string taken;
-        taken.swap (log);
-        return taken;
-    }
-
     Wg::Panel                    panel;
     Wg::TextEdit                 edit {panel, Wg::Rect (0, 0, 100, 20)};
     Wg::TextEdit                 other {panel, Wg::Rect (0, 30, 100, 50)};
@@ -48,16 +41,16 @@ TEST_F (TextEditTest, OnlyATextThatDiffersIsAChange)
 {
     edit.UserSetText ("pasted");
     edit.UserSetText ("pasted");
-    EXPECT_EQ (TakeLog (), "Text:pasted");
+    EXPECT_EQ (recorder.Take (), "Text:pasted");
     // Typing back to the committed text is no change.
     edit.SetAutoUpdate (false);
     edit.UserType ("c");
     Press (Wg::Key::Return);
-    EXPECT_EQ (TakeLog (), "Text:pastedc");
+    EXPECT_EQ (recorder.Take (), "Text:pastedc");
     Press (Wg::Key::Backspace);
     edit.UserType ("c");
     Press (Wg::Key::Return);
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
 }
 
 TEST_F (TextEditTest, EscapeRestoresTheCommittedText)
@@ -67,18 +60,18 @@ TEST_F (TextEditTest, EscapeRestoresTheCommittedText)
     edit.UserType ("x");
     EXPECT_TRUE (Press (Wg::Key::Escape));
     EXPECT_EQ (State (), "door|4-4");
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
 
     // Observers that heard each keystroke hear the revert too.
     edit.SetAutoUpdate (true);
     edit.UserType ("xy");
     Press (Wg::Key::Escape);
-    EXPECT_EQ (TakeLog (), "Text:doorx Text:doorxy Text:door");
+    EXPECT_EQ (recorder.Take (), "Text:doorx Text:doorxy Text:door");
     // After a commit there is nothing left to revert.
     edit.UserType ("s");
     Press (Wg::Key::Return);
     Press (Wg::Key::Escape);
-    EXPECT_EQ (TakeLog (), "Text:doors");
+    EXPECT_EQ (recorder.Take (), "Text:doors");
 }
 
 TEST_F (TextEditTest, ReloadingTheSameTextKeepsCaretAndCommits)
@@ -91,7 +84,7 @@ TEST_F (TextEditTest, ReloadingTheSameTextKeepsCaretAndCommits)
     Press (Wg::Key::Right);
     edit.UserType ("XY");
     EXPECT_EQ (State (), "heXYllo|4-4");
-    EXPECT_EQ (TakeLog (), "Text:heXllo Text:heXYllo");
+    EXPECT_EQ (recorder.Take (), "Text:heXllo Text:heXYllo");
 
     recorder.action = nullptr;
     edit.SetText ("other");
@@ -101,7 +94,7 @@ TEST_F (TextEditTest, ReloadingTheSameTextKeepsCaretAndCommits)
     Press (Wg::Key::Escape);
     Press (Wg::Key::Return);
     EXPECT_EQ (State (), "other|5-5");
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
 }
 
 TEST_F (TextEditTest, MaxLengthCutsAndRefusesCharacterByCharacter)
@@ -113,9 +106,9 @@ TEST_F (TextEditTest, MaxLengthCutsAndRefusesCharacterByCharacter)
     shortEdit.SetSelection (Kor::Range<int> (1, 3));
     shortEdit.UserType ("XYZ");
     EXPECT_EQ (shortEdit.GetText (), "aXYde");
-    EXPECT_EQ (TakeLog (), "Text:aXde Text:aXYde");
+    EXPECT_EQ (recorder.Take (), "Text:aXde Text:aXYde");
     shortEdit.UserSetText ("0123456789");
-    EXPECT_EQ (TakeLog (), "Text:01234");
+    EXPECT_EQ (recorder.Take (), "Text:01234");
 
     TestSupport::RecordingPeer peer;
     peer.AttachTo (shortEdit);
@@ -126,7 +119,7 @@ TEST_F (TextEditTest, MaxLengthCutsAndRefusesCharacterByCharacter)
     // A cut never splits a surrogate pair.
     shortEdit.SetText (u"ab\U0001F600");
     EXPECT_EQ (shortEdit.GetText (), "ab");
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
 }
 
 TEST_F (TextEditTest, EditingKeysWorkOnCharactersAndTheSelection)
@@ -157,7 +150,7 @@ TEST_F (TextEditTest, EditingKeysWorkOnCharactersAndTheSelection)
     EXPECT_EQ (State (), "a\xF0\x9F\x98\x80" "b|1-1");
     Press (Wg::Key::Delete);
     EXPECT_EQ (State (), "ab|1-1");
-    EXPECT_EQ (TakeLog (), "Text:hao Text:ho Text:h Text:ab");
+    EXPECT_EQ (recorder.Take (), "Text:hao Text:ho Text:h Text:ab");
 }
 
 TEST_F (TextEditTest, PeerHearsTextAndSelectionButNotSettersWithTheCurrentState)
@@ -184,7 +177,7 @@ TEST_F (TextEditTest, DisabledOrHiddenEditIgnoresTheUser)
     edit.Enable ();
     edit.Hide ();
     EXPECT_EQ (State (), "keep|4-4");
-    EXPECT_EQ (TakeLog (), "-focus");
+    EXPECT_EQ (recorder.Take (), "-focus");
 }
 
 TEST_F (TextEditTest, KeyboardHandlerSeesKeysFirstAndMaySwallowThem)
@@ -204,7 +197,7 @@ TEST_F (TextEditTest, KeyboardHandlerSeesKeysFirstAndMaySwallowThem)
     EXPECT_TRUE (panel.KeyPress (Code::Character (u'y')));
     panel.RemoveKeyboardHandler (handler);
     EXPECT_TRUE (panel.KeyPress (Code::Character (u'x')));
-    EXPECT_EQ (TakeLog (), "handler handler Text:y Text:yx");
+    EXPECT_EQ (recorder.Take (), "handler handler Text:y Text:yx");
 }
 
 TEST_F (TextEditTest, ObserverMayDetachOrDestroyTheEditWhileItNotifies)
@@ -219,7 +212,7 @@ TEST_F (TextEditTest, ObserverMayDetachOrDestroyTheEditWhileItNotifies)
     };
     doomed->UserType ("abc");
     EXPECT_EQ (doomed, nullptr);
-    EXPECT_EQ (TakeLog (), "Text:a Text:a Text:ab");
+    EXPECT_EQ (recorder.Take (), "Text:a Text:a Text:ab");
 
     // Destroyed by the commit that the focus loss makes: the new item still gets the focus.
     doomed = std::make_unique<Wg::TextEdit> (panel, Wg::Rect (0, 60, 100, 80));
@@ -230,7 +223,7 @@ TEST_F (TextEditTest, ObserverMayDetachOrDestroyTheEditWhileItNotifies)
     other.SetFocus ();
     EXPECT_EQ (doomed, nullptr);
     EXPECT_TRUE (other.IsFocused ());
-    EXPECT_EQ (TakeLog (), "-focus +focus Text:ab");
+    EXPECT_EQ (recorder.Take (), "-focus +focus Text:ab");
 }
 
 }   // namespace
