@@ -4,7 +4,7 @@ BUILD_PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev lib
 QT_PACKAGES    := qt6-base-dev qt6-svg-dev libgl-dev fonts-dejavu-core xvfb xauth
 JOBS           ?= $(shell nproc)
 
-.PHONY: all deps build test test-sanitize fuzz bench demo clean
+.PHONY: all deps build test test-sanitize fuzz bench demo docs clean
 
 all: build
 
@@ -44,6 +44,11 @@ demo: build
 	else \
 	  echo "The demo arrives with a later issue; nothing to run yet."; \
 	fi
+
+# The API reference from the exported headers, into build/docs/html.
+docs:
+	@tools/ensure-packages.sh doxygen
+	tools/make-docs.sh
 
 clean:
 	rm -rf build out

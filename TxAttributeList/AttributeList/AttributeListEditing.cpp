@@ -169,11 +169,7 @@ void AttributeList::RemoveOnTabItemsFromAllColumns ()
 void AttributeList::CommitEditing ()
 {
     if (!IsEditControlFocused ()) return;
-    Wg::Item* focused = panel.GetFocusedItem ();
-    if (auto* text = dynamic_cast<Wg::TextEdit*> (focused))
-        text->Commit ();
-    else if (auto* number = dynamic_cast<Wg::NumberEditBase*> (focused))
-        number->Commit ();
+    if (auto* edit = dynamic_cast<Wg::TypingEdit*> (panel.GetFocusedItem ())) edit->Commit ();
 }
 
 void AttributeList::NotifySelectionChanged ()

@@ -13,6 +13,7 @@
 #include "AttributeListRegistry.hpp"
 #include "DrawSuspension.hpp"
 #include "Kor/Assert.hpp"
+#include "Kor/LifeWatch.hpp"
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 
@@ -135,6 +136,14 @@ void AttributeList::DetachListItemFromList (AttributeListItem* item)
 
 void AttributeList::ClearList (bool refresh)
 {
+    // What the user typed and did not confirm belongs to the selected row's item: it is
+    // committed (the list box takes the focus from the edit) while that item is still in the
+    // list. The commit's observers may clear or destroy the list themselves.
+    if (IsEditControlFocused ()) {
+        Kor::LifeWatch alive {this, listBox};
+        listBox->SetFocus ();
+        if (alive.IsGone ()) return;
+    }
     DisableUpdate ();
     while (!items.IsEmpty ()) RemoveTopLevelItem (items.GetLast (), true);
     EnableUpdate ();

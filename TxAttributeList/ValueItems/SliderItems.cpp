@@ -6,6 +6,7 @@
 //   thumb dragged     -> [in slider event] hook 3 -> SetValue (int edit only), nobody notified
 
 #include <cstdint>
+#include <limits>
 #include <utility>
 
 #include "Kor/Assert.hpp"
@@ -260,14 +261,18 @@ void AttributeListIntervalItem::InitializeOnTabItems () const
     OnTabItems* controls = GetOnTabItems ();
     if (listBox == nullptr || controls == nullptr) return;
     const short height = static_cast<short> (RowHeightInsideSeparators (*listBox) - EditHeightInset);
-    // No bounds are given to either edit: an interval may run anywhere.
+    // An interval may run anywhere: the shared edits drop whatever bounds another row gave them.
     Wg::RealEdit& begEdit = controls->GetRealEdit ();
+    begEdit.SetMin (std::numeric_limits<double>::lowest ());
+    begEdit.SetMax (std::numeric_limits<double>::max ());
     begEdit.SetWidth (ColumnWidth (*listBox, GetAttributeNameColumnIndex ()));
     begEdit.SetHeight (height);
     begEdit.SetValue (intervalBeg);
     listBox->SetOnTabItem (GetAttributeNameColumnIndex (), begEdit);
     if (endHidden) return;
     Wg::RealEdit& endEdit = controls->GetSecondRealEdit ();
+    endEdit.SetMin (std::numeric_limits<double>::lowest ());
+    endEdit.SetMax (std::numeric_limits<double>::max ());
     endEdit.SetWidth (ColumnWidth (*listBox, GetCheckColumnIndex ()));
     endEdit.SetHeight (height);
     endEdit.SetValue (intervalEnd);

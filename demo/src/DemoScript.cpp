@@ -5,6 +5,7 @@
 
 #include "BuildingModel.hpp"
 #include "SettingsPalette.hpp"
+#include "TxAttributeList/AttributeListGroupItem.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 #include "Wg/ModalRunner.hpp"
 #include "Wg/NumberEdit.hpp"
@@ -141,6 +142,32 @@ Wg::Key::Code KeyByName (const std::string& keyText)
     throw std::invalid_argument ("unknown key \"" + keyText + "\"");
 }
 
+// Where the keyboard is: "LABEL COLUMN" for a control over a column of the selected row,
+// "LABEL list" for the list itself, "none" or "outside" (another item of the panel).
+std::string FocusText (SettingsPalette& palette)
+{
+    TxAL::AttributeList& list = palette.GetList ();
+    const Wg::ListBox& listBox = list.GetListBox ();
+    const Wg::Item* focused = palette.GetPanel ().GetFocusedItem ();
+    if (focused == nullptr) return "none";
+    const short row = listBox.GetSelectedItem ();
+    const std::string label = row > 0 ? "\"" + CellText (palette, row, list.GetAttributeTypeColumnIndex ()) + "\" " : std::string ("(no row) ");
+    if (focused == &listBox) return label + "list";
+    const short column = listBox.GetOnTabItemColumn (*focused);
+    if (column <= 0) return "outside";
+    const char* const names[] = {"triangle", "icon", "label", "value", "preview", "check"};
+    for (const char* name : names)
+        if (ColumnByName (list, name) == column) return label + name;
+    return label + std::to_string (column);
+}
+
+std::string Quoted (const std::vector<std::string>& words, std::size_t first)
+{
+    std::string out;
+    for (std::size_t i = first; i < words.size (); ++i) out += (out.empty () ? "\"" : " \"") + words[i] + "\"";
+    return out;
+}
+
 void TypeIntoFocus (Wg::Panel& panel, const std::string& text)
 {
     Wg::Item* focused = panel.GetFocusedItem ();
@@ -157,7 +184,10 @@ void TypeIntoFocus (Wg::Panel& panel, const std::string& text)
 
 }   // namespace
 
-DemoScript::DemoScript (SettingsPalette& palette, BuildingModel& model) : palette (palette), model (model) {}
+DemoScript::DemoScript (SettingsPalette& palette, BuildingModel& model)
+    : palette (palette), model (model), changesSeen (palette.GetStoredChangeCount ()), popupsSeen (Wg::GetHeadlessModalRunner ().GetRunCount ())
+{
+}
 
 void DemoScript::RunFile (const std::string& path)
 {
@@ -230,6 +260,25 @@ void DemoScript::Execute (const std::vector<std::string>& words, const std::stri
         const short row = FindRow (palette, words[1]);
         const short preview = list.GetPreviewColumnIndex ();
         listBox.Click (row, Wg::Point (listBox.GetTabFieldBeginPosition (preview) + listBox.GetItemHeight () / 2, listBox.GetItemHeight () / 2));
+    } else if (command == "answer-popup") {
+        need (2);
+        Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
+        runner.QueueTrack (std::stoi (words[1]));
+        runner.QueueChoose (std::stoi (words[1]));
+    } else if (command == "auto-update") {
+        need (2);
+        if (words[1] != "on" && words[1] != "off") throw std::invalid_argument ("auto-update is on or off");
+        list.GetOnTabItems ().SetEditControlAutoUpdate (words[1] == "on");
+    } else if (command == "focus-out") {
+        if (focusOut)
+            focusOut ();
+        else
+            palette.GetPanel ().SetFocusedItem (nullptr);
+    } else if (command == "close") {
+        if (close)
+            close ();
+        else
+            palette.GetPanel ().SetFocusedItem (nullptr);
     } else if (command == "units") {
         need (2);
         if (words[1] != "metric" && words[1] != "imperial") throw std::invalid_argument ("units are metric or imperial");
@@ -242,7 +291,20 @@ void DemoScript::Execute (const std::vector<std::string>& words, const std::stri
     } else if (command == "screenshot") {
         need (2);
         if (screenshot) screenshot (words[1]);
-    } else if (command == "expect-cell") {
+    } else if (Expect (words, line)) {
+    } else {
+        throw std::invalid_argument ("unknown command \"" + command + "\"");
+    }
+}
+
+bool DemoScript::Expect (const std::vector<std::string>& words, const std::string& line)
+{
+    const std::string& command = words[0];
+    const auto need = [&words] (std::size_t count) {
+        if (words.size () < count) throw std::invalid_argument ("\"" + words[0] + "\" needs " + std::to_string (count - 1) + " argument(s)");
+    };
+    TxAL::AttributeList& list = palette.GetList ();
+    if (command == "expect-cell") {
         need (3);
         const std::string expected = RestAfterWords (line, 3);
         const std::string actual = CellText (palette, FindRow (palette, words[1]), ColumnByName (list, words[2]));
@@ -254,9 +316,45 @@ void DemoScript::Execute (const std::vector<std::string>& words, const std::stri
         const std::string expected = RestAfterWords (line, 3);
         const std::string actual = element->Get (words[2]).value_or ("<none>");
         if (actual != expected) throw std::invalid_argument ("model has \"" + actual + "\", expected \"" + expected + "\"");
+    } else if (command == "expect-changes") {
+        need (2);
+        const int changes = palette.GetStoredChangeCount () - changesSeen;
+        changesSeen = palette.GetStoredChangeCount ();
+        if (changes != std::stoi (words[1]))
+            throw std::invalid_argument (std::to_string (changes) + " edit(s) reached the model, expected " + words[1]);
+    } else if (command == "expect-popups") {
+        need (2);
+        Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
+        const int popups = runner.GetRunCount () - popupsSeen;
+        popupsSeen = runner.GetRunCount ();
+        const std::size_t unused = runner.GetPendingStepCount ();
+        runner.ClearScript ();
+        if (popups != std::stoi (words[1])) throw std::invalid_argument (std::to_string (popups) + " popup(s) opened, expected " + words[1]);
+        if (unused > 0) throw std::invalid_argument ("an answer-popup was never used");
+    } else if (command == "expect-focus") {
+        need (2);
+        if (words[1] != "none") need (3);
+        const std::string expected = words[1] == "none" ? "none" : "\"" + words[1] + "\" " + words[2];
+        const std::string actual = FocusText (palette);
+        if (actual != expected) throw std::invalid_argument ("the keyboard is at " + actual + ", expected " + expected);
+    } else if (command == "expect-rows") {
+        std::vector<std::string> labels {command};
+        for (short row = 1; row <= list.GetListBox ().GetItemCount (); ++row)
+            labels.push_back (CellText (palette, row, list.GetAttributeTypeColumnIndex ()));
+        if (labels != words) throw std::invalid_argument ("rows are " + Quoted (labels, 1) + ", expected " + Quoted (words, 1));
+    } else if (command == "expect-group") {
+        need (3);
+        const TxAL::AttributeListGroupItem* group = nullptr;
+        for (const TxAL::AttributeListItem* item : list.GetItems ())
+            if (auto* candidate = dynamic_cast<const TxAL::AttributeListGroupItem*> (item); candidate != nullptr && candidate->GetName ().ToUtf8 () == words[1])
+                group = candidate;
+        if (group == nullptr) throw std::invalid_argument ("no group \"" + words[1] + "\"");
+        const std::string actual = group->IsExpanded () ? "expanded" : "collapsed";
+        if (actual != words[2]) throw std::invalid_argument ("the group is " + actual + ", expected " + words[2]);
     } else {
-        throw std::invalid_argument ("unknown command \"" + command + "\"");
+        return false;
     }
+    return true;
 }
 
 std::string DumpPalette (SettingsPalette& palette)

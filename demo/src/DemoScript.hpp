@@ -14,11 +14,24 @@
 //                                 End Space; prefixes Alt+ (the popup modifier) and Shift+
 //   pick LABEL ENTRY              open the row's popup and choose entry ENTRY (1-based)
 //   toggle LABEL                  click the row's check box
+//   answer-popup ENTRY            the next popup that opens, however it opens, chooses ENTRY
+//   auto-update on|off            whether the palette's edits report every keystroke
+//   focus-out                     the keyboard leaves the palette for another part of the window
+//                                 (the front end's; headless the palette's panel loses it)
+//   close                         the user closes the window (the front end's; headless the
+//                                 keyboard leaves the palette, as it does when its window goes)
 //   units metric|imperial
 //   scroll ROW
 //   screenshot NAME               handled by the front end (ignored headless)
 //   expect-cell LABEL COLUMN TEXT the shown text of a cell (rest of the line)
 //   expect-model ID KEY VALUE     a value in the building model (rest of the line)
+//   expect-changes N              how many edits reached the model since the last expect-changes
+//   expect-popups N               how many popups opened since the last expect-popups
+//   expect-focus LABEL WHERE      the row labelled LABEL is selected and the keyboard is in the
+//                                 control over column WHERE, or in the list itself (WHERE "list")
+//   expect-focus none             no control of the palette has the keyboard
+//   expect-rows LABEL...          the labels of all rows, in order
+//   expect-group LABEL expanded|collapsed
 //
 // Labels with blanks are written in double quotes. Lines starting with # are comments.
 
@@ -51,6 +64,10 @@ public:
     // What showing an element does besides the palette (e.g. the element list's selection).
     using ElementHandler = std::function<void (const std::string& id)>;
     void SetElementHandler (ElementHandler handler) { element = std::move (handler); }
+    // What closing the window and leaving the palette do (e.g. in the real window).
+    using WindowHandler = std::function<void ()>;
+    void SetCloseHandler (WindowHandler handler) { close = std::move (handler); }
+    void SetFocusOutHandler (WindowHandler handler) { focusOut = std::move (handler); }
 
     // Runs every line; throws ScriptError at the first line that cannot be carried out.
     void Run (const std::string& text, const std::string& fileName);
@@ -58,12 +75,19 @@ public:
 
 private:
     void Execute (const std::vector<std::string>& words, const std::string& rest);
+    // The assertions about what the user sees and what reached the model.
+    bool Expect (const std::vector<std::string>& words, const std::string& rest);
 
     SettingsPalette&  palette;
     BuildingModel&    model;
     ScreenshotHandler screenshot;
     UnitsHandler      units;
     ElementHandler    element;
+    WindowHandler     close;
+    WindowHandler     focusOut;
+    // Counts at the last expect-changes and expect-popups.
+    int               changesSeen = 0;
+    int               popupsSeen = 0;
 };
 
 // Every cell of the palette, one row a line: "3 | Height | 2.700 m | | ". Each cell is the

@@ -92,6 +92,12 @@ void MainWindow::ShowUnits (bool metric)
     (metric ? metricAction : imperialAction)->setChecked (true);
 }
 
+void MainWindow::FocusElementList ()
+{
+    activateWindow ();
+    elements->setFocus (Qt::MouseFocusReason);
+}
+
 void MainWindow::ChooseUnits (bool metric)
 {
     SetMetricUnits (*palette, metric);

@@ -26,6 +26,8 @@ public:
     void ShowElement (const std::string& id);
     // Checks the menu entry of the units (the palette follows by itself).
     void ShowUnits (bool metric);
+    // Gives the keyboard to the element list, as a click into it does.
+    void FocusElementList ();
 
 private:
     void ChooseUnits (bool metric);

@@ -114,6 +114,16 @@ std::string SettingsPalette::GetSettingKey (const TxAL::AttributeListItem* item)
 void SettingsPalette::ShowElement (const std::string& id)
 {
     const std::string selectedKey = GetSettingKey (list.GetSelectedItem ());
+    // A group the user folded stays folded for every element that has it.
+    for (const TxAL::AttributeListItem* item : list.GetItems ()) {
+        if (const auto* group = dynamic_cast<const TxAL::AttributeListGroupItem*> (item)) {
+            const std::string name = group->GetName ().ToUtf8 ();
+            if (group->IsExpanded ())
+                collapsedGroups.erase (name);
+            else
+                collapsedGroups.insert (name);
+        }
+    }
     list.ClearList (false);
     ownedItems.clear ();
     keys.clear ();
@@ -128,6 +138,11 @@ void SettingsPalette::ShowElement (const std::string& id)
     }
 }
 
+TxAL::AttributeListGroupItem* SettingsPalette::CreateGroup (const std::string& name, const Wg::Icon& icon)
+{
+    return list.CreateGroup (Kor::UniString (name), icon, !collapsedGroups.contains (name), true);
+}
+
 void SettingsPalette::Bind (TxAL::AttributeListItem* item, const std::string& key)
 {
     if (item != nullptr) keys[item] = key;
@@ -139,7 +154,7 @@ void SettingsPalette::Build (Element& element)
     list.DisableUpdate ();
     const auto has = [&element] (const char* key) { return element.Has (key); };
 
-    AttributeListGroupItem* general = list.CreateGroup ("General", LibIcon (PropertyIcon), true, true);
+    AttributeListGroupItem* general = CreateGroup ("General", LibIcon (PropertyIcon));
     auto* id = new AttributeListTaggedTextItem ("ID", LibIcon (TextIcon), element.GetId (), false, false, false, true, false, element.GetKind ());
     ownedItems.emplace_back (id);
     general->AddItem (id);
@@ -188,7 +203,7 @@ void SettingsPalette::Build (Element& element)
         Bind (storeys, "storeyFrom");
     }
 
-    AttributeListGroupItem* geometry = list.CreateGroup ("Geometry", LibIcon (LengthIcon), true, true);
+    AttributeListGroupItem* geometry = CreateGroup ("Geometry", LibIcon (LengthIcon));
     const struct {
         const char* key;
         const char* label;
@@ -235,7 +250,7 @@ void SettingsPalette::Build (Element& element)
     }
 
     if (has ("loadBearing")) {
-        AttributeListGroupItem* structure = list.CreateGroup ("Load-bearing structure", LibIcon (CheckIcon), true, true);
+        AttributeListGroupItem* structure = CreateGroup ("Load-bearing structure", LibIcon (CheckIcon));
         auto* master = structure->CreateCheckItem (true, "Load-bearing structure", LibIcon (CheckIcon), Yes (element, "loadBearing"),
                                                    "Carries loads", true, true);
         master->Attach (static_cast<AttributeListCheckItemObserver&> (*this));
@@ -265,7 +280,7 @@ void SettingsPalette::Build (Element& element)
     }
 
     if (has ("swing") || has ("glazingLayers") || has ("frameMaterial")) {
-        AttributeListGroupItem* opening = list.CreateGroup ("Opening", LibIcon (PropertyIcon), true, true);
+        AttributeListGroupItem* opening = CreateGroup ("Opening", LibIcon (PropertyIcon));
         if (has ("swing")) {
             auto* swing = opening->CreateSelectionItem (false, "Opening type", LibIcon (PropertyIcon), true, false);
             AddChoices (*swing, Swings, Text (element, "swing"));
@@ -287,7 +302,7 @@ void SettingsPalette::Build (Element& element)
     }
 
     if (has ("heated")) {
-        AttributeListGroupItem* comfort = list.CreateGroup ("Comfort", LibIcon (CheckIcon), true, true);
+        AttributeListGroupItem* comfort = CreateGroup ("Comfort", LibIcon (CheckIcon));
         auto* heated = comfort->CreateCheckItem (false, "Heating", LibIcon (CheckIcon), Yes (element, "heated"), "Heated zone", true, false);
         heated->Attach (static_cast<AttributeListCheckItemObserver&> (*this));
         Bind (heated, "heated");
@@ -330,7 +345,9 @@ void SettingsPalette::Store (const TxAL::AttributeListItem& item, const std::str
 {
     Element* element = model.Find (elementId);
     const std::string key = GetSettingKey (&item);
-    if (element != nullptr && !key.empty ()) element->Set (key, value);
+    if (element == nullptr || key.empty ()) return;
+    element->Set (key, value);
+    ++storedChangeCount;
 }
 
 void SettingsPalette::SelectionChanged (const TxAL::AttributeListSelectionItem& item)

@@ -3,6 +3,7 @@
 // building model in groups, and writes the user's edits back into the model.
 
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -41,6 +42,8 @@ public:
     Wg::Panel&           GetPanel () { return panel; }
     // The setting a row shows, empty for headings and rows without a setting.
     std::string GetSettingKey (const TxAL::AttributeListItem* item) const;
+    // How many of the user's edits the palette has written into the model so far.
+    int GetStoredChangeCount () const { return storedChangeCount; }
 
 protected:
     // --- Item observers: the user's edits go into the model ---
@@ -60,6 +63,8 @@ protected:
 
 private:
     void Build (Element& element);
+    // A group heading, folded if the user folded a group of that name before.
+    TxAL::AttributeListGroupItem* CreateGroup (const std::string& name, const Wg::Icon& icon);
     void Bind (TxAL::AttributeListItem* item, const std::string& key);
     void Store (const TxAL::AttributeListItem& item, const std::string& value);
     void Recalculate ();
@@ -80,6 +85,9 @@ private:
     // Items the palette made itself (the list's factories make the others and own them).
     std::vector<std::unique_ptr<TxAL::AttributeListItem>>         ownedItems;
     std::unordered_map<const TxAL::AttributeListItem*, std::string> keys;
+    int                                                           storedChangeCount = 0;
+    // Names of the groups the user folded, kept from one element to the next.
+    std::set<std::string>                                         collapsedGroups;
 };
 
 }   // namespace Demo

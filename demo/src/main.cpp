@@ -8,6 +8,7 @@
 //   txal-demo --dump-model             prints the building model after the script
 //   txal-demo --model FILE             reads another building model
 //   txal-demo --scale 2                renders at 200 % (used for the second set of screenshots)
+//   txal-demo --version, --help
 //
 // Exit codes: 0 fine, 1 bad arguments or files, 2 a script line failed.
 
@@ -22,11 +23,31 @@
 #include "BuildingModel.hpp"
 #include "DemoScript.hpp"
 #include "MainWindow.hpp"
+#include "TxAttributeList/Version.hpp"
 #include "TxalQt/Backend.hpp"
 
 namespace {
 
+constexpr const char* Usage =
+    "Usage: txal-demo [options]\n"
+    "A settings palette for a small sample building, built with TxAttributeList.\n"
+    "\n"
+    "  --screenshot DIR   render the pages to DIR/*.png offscreen (100 % and 200 %)\n"
+    "  --script FILE      replay a script of user input first\n"
+    "  --dump             print every cell of the palette after the script\n"
+    "  --dump-model       print the building model after the script\n"
+    "  --model FILE       read another building model\n"
+    "  --scale FACTOR     render at FACTOR (2 for 200 %)\n"
+    "  --suffix TEXT      append TEXT to the screenshot file names\n"
+    "  --version          print the version and exit\n"
+    "  --help             print this text and exit\n"
+    "\n"
+    "Without a display the demo runs offscreen. Exit codes: 0 fine, 1 bad arguments or files,\n"
+    "2 a script line failed.\n";
+
 struct Options {
+    bool        help = false;
+    bool        version = false;
     std::string screenshotDir;
     std::string script;
     std::string modelFile;
@@ -68,10 +89,14 @@ bool ParseArguments (int argc, char** argv, Options& options)
             options.dump = true;
         else if (arg == "--dump-model")
             options.dumpModel = true;
+        else if (arg == "--help" || arg == "-h")
+            options.help = true;
+        else if (arg == "--version")
+            options.version = true;
         else
             ok = false;
         if (!ok) {
-            std::fprintf (stderr, "txal-demo: bad argument \"%s\"\n", arg.c_str ());
+            std::fprintf (stderr, "txal-demo: bad argument \"%s\" (see txal-demo --help)\n", arg.c_str ());
             return false;
         }
     }
@@ -90,6 +115,14 @@ int main (int argc, char** argv)
 {
     Options options;
     if (!ParseArguments (argc, argv, options)) return 1;
+    if (options.help) {
+        std::fputs (Usage, stdout);
+        return 0;
+    }
+    if (options.version) {
+        std::printf ("txal-demo %s\n", TXAL_VERSION_STRING);
+        return 0;
+    }
     if (Headless (options)) qputenv ("QT_QPA_PLATFORM", "offscreen");
     if (!options.scale.empty ()) qputenv ("QT_SCALE_FACTOR", QByteArray::fromStdString (options.scale));
 
@@ -123,6 +156,14 @@ int main (int argc, char** argv)
         script.SetScreenshotHandler (screenshot);
         script.SetUnitsHandler ([&window] (bool metric) { window.ShowUnits (metric); });
         script.SetElementHandler ([&window] (const std::string& id) { window.ShowElement (id); });
+        script.SetCloseHandler ([&window, &application] {
+            window.close ();
+            application.processEvents ();
+        });
+        script.SetFocusOutHandler ([&window, &application] {
+            window.FocusElementList ();
+            application.processEvents ();
+        });
         try {
             script.RunFile (options.script);
         } catch (const Demo::ScriptError& e) {

@@ -53,11 +53,36 @@ TEST_F (DemoScriptTest, PickAndToggleChangeTheModel)
                     "expect-model W-03 fireRating EI90\n"
                     "toggle \"Load-bearing structure\"\n"
                     "expect-model W-03 loadBearing yes\n"
-                    "click Structure\n"
-                    "key Alt+Down\n"),
+                    "expect-popups 1\n"),
                "");
-    // The popup modifier opened the popup; with no script the headless runner cancelled it.
-    EXPECT_EQ (model.Find ("W-03")->Get ("structure"), "Basic");
+}
+
+TEST_F (DemoScriptTest, PopupModifierWithDownOpensTheSelectedRowsPopup)
+{
+    // The choice can only reach the model through a popup that the key opened.
+    EXPECT_EQ (Run ("element W-03\n"
+                    "click Structure\n"
+                    "answer-popup 3\n"
+                    "key Alt+Down\n"
+                    "expect-popups 1\n"
+                    "expect-model W-03 structure Profile\n"
+                    "expect-cell Structure value Profile\n"
+                    "expect-focus Structure list\n"),
+               "");
+    // A cancelled popup leaves the value; Down alone moves on and opens nothing.
+    EXPECT_EQ (Run ("key Alt+Down\n"
+                    "expect-popups 1\n"
+                    "expect-model W-03 structure Profile\n"
+                    "key Down\n"
+                    "expect-popups 0\n"
+                    "expect-focus Profile list\n"),
+               "");
+    // A row without a popup opens none, and an answer left unused is reported.
+    EXPECT_EQ (Run ("click Height\n"
+                    "answer-popup 1\n"
+                    "key Alt+Down\n"
+                    "expect-popups 0\n"),
+               "test:4: an answer-popup was never used");
 }
 
 TEST_F (DemoScriptTest, ButtonRecalculatesThroughProgrammaticSetters)

@@ -29,6 +29,7 @@ namespace TxAL {
 
 class AttributeList;
 
+// Hears list-wide events of an AttributeList: its row count, its selection, its overlay.
 class AttributeListObserver : public virtual Kor::EventObserver {
 public:
     // A full refresh changed the number of rows.
@@ -40,6 +41,8 @@ public:
     virtual void AttributeListOverlayUpdate (const AttributeList& list);
 };
 
+// The attribute list control on a host panel: owns (or binds) its list box and the shared
+// in-place controls, holds the top-level items and turns user input into item operations.
 class AttributeList : private Kor::EventSource,
                       public Wg::PanelObserver,
                       public Wg::ListBoxObserver,

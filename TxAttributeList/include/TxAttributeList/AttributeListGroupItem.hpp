@@ -15,6 +15,8 @@
 namespace TxAL {
 
 
+// A collapsible group heading with ordered children and an optional master item drawn on its
+// row. Owns the children it created; groups do not nest.
 class AttributeListGroupItem : public AttributeListItem {
 public:
     using ItemArray = Kor::Array<AttributeListSimpleItem*>;

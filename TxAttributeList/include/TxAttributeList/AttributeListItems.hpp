@@ -64,6 +64,7 @@ class AttributeListIconButtonItem;
 class AttributeListSeparatorItem;
 class AttributeListIntervalItem;
 
+// Hears what every row has: tool-tip requests, renaming, icon-column clicks and popup choices.
 class AttributeListItemObserver : public virtual Kor::EventObserver {
 public:
     // The list asks the item for its tool tip; the first non-empty answer wins.
@@ -76,6 +77,8 @@ public:
     virtual void IconColumnPopupChanged (const AttributeListItem& item);
 };
 
+// The base of every row: label, icon, status, visibility, tool tip, icon-column popup and the
+// link to its list. The list calls its virtual operations for the user's input on its row.
 class AttributeListItem : protected Kor::EventSource {
 public:
     // One entry of the popup that can replace the icon of the icon column.
@@ -251,6 +254,8 @@ private:
     Kind                          kind = Kind::Other;
 };
 
+// The base of every single-row value item; it may stand in a group or on a group's row as
+// its master.
 class AttributeListSimpleItem : public AttributeListItem {
 public:
     AttributeListSimpleItem (const Kor::UniString& name, const Wg::Icon& icon, bool status, bool boldText);

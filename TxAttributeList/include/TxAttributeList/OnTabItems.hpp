@@ -18,6 +18,8 @@
 
 namespace TxAL {
 
+// The attribute list's one set of in-place controls, laid over the selected row; items use
+// them and never own them.
 class OnTabItems {
 public:
     // The rank of a control that SetFocusToEditControl never focuses.

@@ -17,6 +17,7 @@ namespace TxAL {
 class AttributeListRealItem;
 class AttributeListIntItem;
 
+// Hears the user's changes of a real-number or integer row.
 class AttributeListRealItemObserver : public virtual AttributeListSelectionItemObserver {
 protected:
     friend class AttributeListRealItem;
@@ -92,6 +93,7 @@ private:
     bool           editable;
 };
 
+// A length in the user's working units, edited in the list's length edit.
 class AttributeListLengthItem : public AttributeListRealItem {
 public:
     using AttributeListRealItem::AttributeListRealItem;
@@ -100,6 +102,7 @@ public:
     bool          IsEditControlOnTabItemVisible () const override;
 };
 
+// An area in the user's working units, edited in the list's area edit.
 class AttributeListAreaItem : public AttributeListRealItem {
 public:
     using AttributeListRealItem::AttributeListRealItem;
@@ -108,6 +111,7 @@ public:
     bool          IsEditControlOnTabItemVisible () const override;
 };
 
+// A volume in the user's working units, edited in the list's volume edit.
 class AttributeListVolumeItem : public AttributeListRealItem {
 public:
     using AttributeListRealItem::AttributeListRealItem;
@@ -116,6 +120,7 @@ public:
     bool          IsEditControlOnTabItemVisible () const override;
 };
 
+// An angle in the user's working units, edited in the list's angle edit.
 class AttributeListAngleItem : public AttributeListRealItem {
 public:
     using AttributeListRealItem::AttributeListRealItem;
@@ -124,6 +129,7 @@ public:
     bool          IsEditControlOnTabItemVisible () const override;
 };
 
+// A polar angle in the user's working units, edited in the list's polar angle edit.
 class AttributeListPolarAngleItem : public AttributeListRealItem {
 public:
     using AttributeListRealItem::AttributeListRealItem;

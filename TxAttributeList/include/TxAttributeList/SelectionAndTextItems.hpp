@@ -23,6 +23,7 @@ protected:
     virtual void SelectionChanged (const AttributeListSelectionItem& item);
 };
 
+// Hears the user's typing and popup choices in a text row.
 class AttributeListTextItemObserver : public virtual AttributeListSelectionItemObserver {
 protected:
     friend class AttributeListTextItem;
@@ -30,6 +31,7 @@ protected:
     virtual void TextChanged (const AttributeListTextItem& item);
 };
 
+// Hears the user's typing in a dictionary row.
 class AttributeListDictionaryItemObserver : public virtual AttributeListSelectionItemObserver {
 protected:
     friend class AttributeListDictionaryItem;

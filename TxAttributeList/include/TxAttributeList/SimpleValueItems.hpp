@@ -24,12 +24,14 @@ protected:
     virtual void CheckChanged (const AttributeListCheckItem& item);
 };
 
+// Hears clicks on a button row's push button.
 class AttributeListButtonItemObserver : public virtual AttributeListItemObserver {
 protected:
     friend class AttributeListButtonItem;
     virtual void ButtonClicked (const AttributeListButtonItem& item);
 };
 
+// Hears clicks on an icon-button row's button and on its icon.
 class AttributeListIconButtonItemObserver : public virtual AttributeListItemObserver {
 protected:
     friend class AttributeListIconButtonItem;
@@ -102,6 +104,7 @@ private:
     Kor::UniString buttonText;
 };
 
+// A row with a text, a tag text and a button showing an icon in the check column.
 class AttributeListIconButtonItem : public AttributeListSimpleItem {
 public:
     AttributeListIconButtonItem (const Kor::UniString& name, const Wg::Icon& icon, const Kor::UniString& text, const Kor::UniString& tagText,

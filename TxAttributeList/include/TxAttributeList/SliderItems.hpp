@@ -67,6 +67,8 @@ protected:
     void NotifySliderChange (AttributeListSliderItem& item);
 };
 
+// A whole number between a minimum and a maximum, edited with the list's bar control and
+// integer edit; a strategy may take over each kind of user change.
 class AttributeListSliderItem : public AttributeListSimpleItem {
 public:
     // The library's images of the slider picture.

@@ -15,7 +15,7 @@
 
 // Input of an edit peer:
 //   key press            -> Panel::KeyPress -> handlers, then Item::HandleKey (the model edits)
-//   key nobody used      -> copy, cut, paste, select all; Tab moves the Qt focus on
+//   key nobody used      -> copy, cut, paste, select all (Tab is the panel's traversal)
 //   input method text    -> UserType
 //   paste, middle click  -> UserType (the selection is replaced, as when typing)
 //   mouse selection      -> TextEdit::SetSelection
@@ -133,7 +133,6 @@ void EditPeer::MirrorSelection ()
 bool EditPeer::KeyNotUsed (QKeyEvent& event)
 {
     if (HandleEditingShortcut (event)) return true;
-    if (event.key () == Qt::Key_Tab || event.key () == Qt::Key_Backtab) return false;
     // Text of several code units (a surrogate pair, a composed character) is typed as a whole.
     if (event.text ().size () > 1 && !event.modifiers ().testFlag (Qt::ControlModifier) && GetView ().AcceptsInput ()) {
         Type (event.text ());

@@ -128,8 +128,7 @@ void ListBoxView::MirrorAll ()
 
 bool ListBoxView::KeyNotUsed (QKeyEvent& event)
 {
-    // Tab moves the focus on (Qt's handling); the list box has no other keys of its own.
-    if (event.key () == Qt::Key_Tab || event.key () == Qt::Key_Backtab) return false;
+    // The list box has no keys of its own beyond the model's.
     event.ignore ();
     return true;
 }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QWheelEvent>
 #include <algorithm>
@@ -31,6 +32,8 @@
 //   screen or ratio change -> Panel::SetScale
 //   shown and quiet -> Panel::Idle (every IdleIntervalMs)
 //   close of the view's own window -> Panel::RequestClose
+//   Qt focus out of the view, or the view hidden by the program -> LeavePanel
+//                                     -> Panel::SetFocusedItem (nullptr): the focused item commits
 
 namespace TxalQt {
 
@@ -125,7 +128,7 @@ void PanelView::CreatePeer (Wg::Item& item)
     PeerBase* peer = nullptr;
     if (auto* listBox = dynamic_cast<Wg::ListBox*> (&item))
         peer = new ListBoxView (*this, *listBox);
-    else if (dynamic_cast<Wg::TextEdit*> (&item) != nullptr || dynamic_cast<Wg::NumberEditBase*> (&item) != nullptr)
+    else if (dynamic_cast<Wg::TypingEdit*> (&item) != nullptr)
         peer = new EditPeer (*this, item);
     else if (auto* bar = dynamic_cast<Wg::BarControl*> (&item))
         peer = new SliderPeer (*this, *bar);
@@ -205,7 +208,7 @@ bool PanelView::IsOverListRow (const Wg::Item& item) const
 
 void PanelView::FollowModelFocus ()
 {
-    if (panel == nullptr || closing) return;
+    if (panel == nullptr || closing || leaving) return;
     Wg::Item* focused = panel->GetFocusedItem ();
     QWidget* target = focused != nullptr ? FindPeerWidget (*focused) : nullptr;
     if (target != nullptr && target->isVisibleTo (this) && target->isEnabled ()) {
@@ -216,6 +219,17 @@ void PanelView::FollowModelFocus ()
     // that keys still reach the panel's handlers.
     QWidget* current = QApplication::focusWidget ();
     if (current != nullptr && current != this && isAncestorOf (current)) setFocus (Qt::OtherFocusReason);
+}
+
+void PanelView::LeavePanel ()
+{
+    if (panel == nullptr || closing || leaving || panel->GetFocusedItem () == nullptr) return;
+    const InputScope scope;
+    leaving = true;
+    const QPointer<PanelView> alive (this);
+    // One more round at most: the second loss has nothing left to commit.
+    for (int round = 0; round < 2 && alive != nullptr && panel != nullptr && panel->GetFocusedItem () != nullptr; ++round) panel->SetFocusedItem (nullptr);
+    if (alive != nullptr) leaving = false;
 }
 
 // --- Qt ---
@@ -230,6 +244,9 @@ bool PanelView::event (QEvent* event)
             break;
         case QEvent::Hide:
             idleTimer.stop ();
+            // Closed or hidden by the program (not minimised): the user is done with the panel,
+            // and what was typed into it is committed now rather than when the panel goes.
+            if (!event->spontaneous ()) LeavePanel ();
             break;
         case QEvent::ScreenChangeInternal:
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
@@ -276,11 +293,9 @@ void PanelView::keyPressEvent (QKeyEvent* event)
         const InputScope scope;
         used = panel->KeyPress (*code);
     }
-    if (!used && code.has_value () && code->GetCode () == Wg::Key::Tab && !code->HasModifier (Wg::Key::Command)) {
-        focusNextPrevChild (!code->HasModifier (Wg::Key::Shift));
-        return;
-    }
-    if (!used) event->ignore ();
+    // Tab is the panel's traversal even when it found nowhere to go: Qt's focus chain would
+    // take the keyboard out of the panel.
+    if (!used && !PeerBase::IsTraversalKey (*event)) event->ignore ();
 }
 
 void PanelView::resizeEvent (QResizeEvent* event)

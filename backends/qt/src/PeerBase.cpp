@@ -13,8 +13,9 @@
 
 // Event flow between Qt and the model:
 //   Qt key press in a peer     -> HandleEvent -> Panel::KeyPress (handlers, then the focused item)
-//                                 -> KeyNotUsed (Tab moves the Qt focus, which moves the model's)
-//   Qt focus in (click, Tab)   -> Item::SetFocus -> the previous item commits
+//                                 -> KeyNotUsed; Tab and Shift+Tab are the panel's alone (its
+//                                    traversal), never Qt's focus chain
+//   Qt focus in (click)        -> Item::SetFocus -> the previous item commits
 //   Qt focus out of the panel  -> Panel::SetFocusedItem (nullptr) -> the item commits
 //   model change               -> Changed -> rect, visibility, enabled, focus; Mirror (the kind)
 //   model item destroyed       -> ItemDestroyed -> widget hidden, released after the input scope
@@ -126,7 +127,7 @@ bool PeerBase::HandleEvent (QEvent& event)
         }
         case QEvent::KeyPress: {
             auto& key = static_cast<QKeyEvent&> (event);
-            if (ForwardKey (key)) {
+            if (ForwardKey (key) || IsTraversalKey (key)) {
                 key.accept ();
                 return true;
             }
@@ -160,6 +161,11 @@ bool PeerBase::ForwardKey (QKeyEvent& event)
     return panel->KeyPress (*code);
 }
 
+bool PeerBase::IsTraversalKey (const QKeyEvent& event)
+{
+    return (event.key () == Qt::Key_Tab || event.key () == Qt::Key_Backtab) && !event.modifiers ().testFlag (Qt::ControlModifier);
+}
+
 bool PeerBase::KeyNotUsed (QKeyEvent&)
 {
     return false;
@@ -189,8 +195,7 @@ void PeerBase::QtFocusOut (Qt::FocusReason reason)
     // model's focus leaves too, so that what was typed is committed.
     const QWidget* now = QApplication::focusWidget ();
     if (now != nullptr && (now == &view || view.isAncestorOf (now))) return;
-    const InputScope scope;
-    view.GetPanel ()->SetFocusedItem (nullptr);
+    view.LeavePanel ();
 }
 
 bool PeerBase::ShowToolTip (QEvent& event)

@@ -37,6 +37,9 @@ public:
     void Changed (Wg::Item& changed, Wg::Aspect aspect, int detail) override;
     void ItemDestroyed (Wg::Item& gone) override;
 
+    // Tab or Shift+Tab without the command modifier: the panel's traversal key.
+    static bool IsTraversalKey (const QKeyEvent& event);
+
 protected:
     // The kind's aspects: everything but rect, visibility, enabled state and focus (which the
     // base mirrors before it calls this for them too).
@@ -44,8 +47,8 @@ protected:
     // The kind's whole state.
     virtual void MirrorAll () = 0;
     // A key that nobody in the model used: true when the peer consumed it, false to let the
-    // widget's own handling have it. By default Tab moves the focus on and other keys go
-    // to Qt.
+    // widget's own handling have it. Never asked for Tab or Shift+Tab, which move the focus
+    // only through the panel's traversal.
     virtual bool KeyNotUsed (QKeyEvent& event);
     // The tool tip's sub-item at a position (the row for a list box).
     virtual short GetToolTipSubItem (const QPoint&) const { return 0; }

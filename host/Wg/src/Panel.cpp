@@ -176,7 +176,11 @@ bool Panel::KeyPress (const Key::Code& key)
         Item* source = nullptr;
         used = (*it)->KeyPressed (key, &source) == KeyHandled;
     }
+    const bool tab = key.GetCode () == Key::Tab && !key.HasModifier (Key::Command);
+    // Taken before the focused item hears the key: committing may rebuild the rows under it.
+    const TabOrigin origin = tab ? FindTabOrigin () : TabOrigin {};
     if (!used && focused != nullptr) used = focused->HandleKey (key);
+    if (!used && tab) used = MoveFocusByTab (origin, key.HasModifier (Key::Shift));
     Application::SetModifierState (previousModifiers);
     return used;
 }

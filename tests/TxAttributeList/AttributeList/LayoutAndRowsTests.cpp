@@ -445,21 +445,8 @@ TEST (ClickTest, TheTriangleTogglesOnceAndTheDoubleClickElsewhereTogglesAgain)
     EXPECT_FALSE (group.IsExpanded ());
 }
 
-TEST (ClickTest, AMasterThatHandlesTheDoubleClickKeepsTheGroupAsItIs)
+TEST (ClickTest, WithoutATriangleColumnAClickAtTheLeftFoldsNothing)
 {
-    ListHarness h;
-    TestGroup   group ("G");
-    CountedItem child ("C");
-    group.AddItem (child);
-    h.list->AddListItem (group);
-    auto* check = group.CreateCheckItem (true, "Check", NoIcon, false, "", true, false);
-    CallLog log;
-    log.Watch (*check);
-    const int box = h.ListBox ().GetTabFieldBeginPosition (h.list->GetPreviewColumnIndex ()) + 2;
-    h.DoubleClick (1, box);
-    EXPECT_EQ (log.Take (), "CheckChanged(Check)");
-    EXPECT_EQ (h.Rows (), "1:▾G|[x] 2:  C");
-
     ListHarness noTriangle (Params ().SetHasGroupColumn (false));
     TestGroup   flat ("F");
     CountedItem flatChild ("C");

@@ -471,6 +471,23 @@ TEST_F (IntervalItemTest, EditsSitInTheValueAndCheckColumns)
     EXPECT_EQ (Number (beg.GetValue ()), "3");
 }
 
+TEST_F (IntervalItemTest, EditsKeepNoBoundsOfAnotherRow)
+{
+    list->CreateRealItem ("Ratio", {}, 0.0, 2.0, 1.0, true, true, false);
+    auto* item = list->CreateIntervalItem ("Storeys", {}, 1.0, 4.0, "to", false, true, false);
+    Click (1, Begin (Label ()) + 3);
+    Click (2, Begin (Label ()) + 3);
+    Wg::RealEdit& beg = Controls ().GetRealEdit ();
+    beg.SetFocus ();
+    beg.UserSetText ("5");
+    beg.Commit ();
+    Wg::RealEdit& end = Controls ().GetSecondRealEdit ();
+    end.SetFocus ();
+    end.UserSetText ("-3");
+    end.Commit ();
+    EXPECT_EQ (Number (item->GetIntervalBeg ()) + " " + Number (item->GetIntervalEnd ()), "5 -3");
+}
+
 TEST_F (IntervalItemTest, EitherEditNotifiesWithoutRefreshingTheRow)
 {
     auto* item = list->CreateIntervalItem ("Storeys", {}, 1.0, 4.0, "to", false, true, false);

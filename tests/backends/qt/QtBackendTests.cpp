@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
+#include <QHBoxLayout>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -20,6 +21,7 @@
 #include <string>
 
 #include "ListBoxView.hpp"
+#include "Named.hpp"
 #include "Pk/PopupControl.hpp"
 #include "TxalQt/Backend.hpp"
 #include "TxalQt/PanelView.hpp"
@@ -30,6 +32,8 @@
 #include "Wg/TextEdit.hpp"
 
 namespace {
+
+using QtTest::Facts;
 
 class QtEnvironment : public ::testing::Environment {
 public:
@@ -106,12 +110,12 @@ public:
 
     Wg::KeyResult KeyPressed (const Wg::Key::Code& key, Wg::Item**) override
     {
-        Add ("Key:" + std::to_string (key.GetCode ()) + "/" + std::to_string (int (key.GetCharacter ())) + "/" + std::to_string (key.GetModifiers ()));
+        Add ("Key:" + QtTest::KeyName (key));
         return key.GetCharacter () == u'x' ? Wg::KeyHandled : Wg::KeyNotHandled;
     }
     Wg::KeyResult KeyPressed (const Wg::Key::Modifier& modifier, Wg::Item**) override
     {
-        Add ("Modifier:" + std::to_string (modifier.GetKey ()));
+        Add ("Modifier:" + QtTest::ModifierKeyName (modifier.GetKey ()));
         return Wg::KeyHandled;
     }
 
@@ -181,17 +185,19 @@ TEST_F (QtBackendTest, HeaderDividerDragResizesLive)
     // The first divider stands at the first field's end, 120 pixels right of the rows' edge.
     SendMouse (listView, QEvent::MouseButtonPress, QPoint (1 + 120, 5));
     SendMouse (listView, QEvent::MouseMove, QPoint (1 + 140, 5));
-    std::string seen = std::to_string (list.GetTabFieldEndPosition (1)) + "," + std::to_string (list.GetTabFieldBeginPosition (2)) + "-" +
-                       std::to_string (list.GetTabFieldEndPosition (2));
+    Facts facts;
+    facts ("firstEndWhileDragging", list.GetTabFieldEndPosition (1))
+          ("secondWhileDragging", std::to_string (list.GetTabFieldBeginPosition (2)) + "-" + std::to_string (list.GetTabFieldEndPosition (2)));
     SendMouse (listView, QEvent::MouseMove, QPoint (1 + 130, 5));
     SendMouse (listView, QEvent::MouseButtonRelease, QPoint (1 + 130, 5));
     SendMouse (listView, QEvent::MouseMove, QPoint (1 + 160, 5));
-    seen += " " + std::to_string (list.GetHeaderItemSize (1)) + " " + recorder.Take ();
+    facts ("firstAfterRelease", list.GetHeaderItemSize (1)) ("events", "[" + recorder.Take () + "]");
     // The second divider is fixed: a press there drags nothing.
     SendMouse (listView, QEvent::MouseButtonPress, QPoint (1 + 290, 5));
     SendMouse (listView, QEvent::MouseMove, QPoint (1 + 250, 5));
-    seen += " " + std::to_string (list.GetHeaderItemSize (2));
-    EXPECT_EQ (seen, "140,140-300 130 Resize:1=140 Resize:1=130 160");
+    facts ("fixedSecond", list.GetHeaderItemSize (2));
+    EXPECT_EQ (facts.Text (),
+               "firstEndWhileDragging=140 secondWhileDragging=140-300 firstAfterRelease=130 events=[Resize:1=140 Resize:1=130] fixedSecond=160");
 }
 
 TEST_F (QtBackendTest, KeysGoToThePanelHandlersFirst)
@@ -205,7 +211,51 @@ TEST_F (QtBackendTest, KeysGoToThePanelHandlersFirst)
     SendKey (listView, Qt::Key_Backtab, {}, Qt::ShiftModifier);
     panel.RemoveKeyboardHandler (recorder);
     // Down went on to the list box, which selected the first row.
-    EXPECT_EQ (recorder.Take (), "Key:-9/0/0 Select:1 Key:0/120/8 Modifier:2 Key:-4/0/2");
+    EXPECT_EQ (recorder.Take (), "Key:Down Select:1 Key:Ctrl+x Modifier:Alt Key:Shift+Tab");
+}
+
+// Lays one edit over the second column of whichever row is selected.
+class EditOnEveryRow : public Wg::ListBoxObserver {
+public:
+    EditOnEveryRow (Wg::ListBox& list, Wg::TextEdit& edit) : list (list), edit (edit) { list.Attach (*this); }
+    ~EditOnEveryRow () override { list.Detach (*this); }
+    void ListBoxSelectionChanged (const Wg::ListBoxSelectionEvent& event) override
+    {
+        if (event.GetListItem () > 0) list.SetOnTabItem (2, edit);
+    }
+
+private:
+    Wg::ListBox&  list;
+    Wg::TextEdit& edit;
+};
+
+TEST_F (QtBackendTest, TabStaysInTheListAndQtFollowsTheModelsFocus)
+{
+    Wg::TextEdit onRow (panel, Wg::Rect::FromSize (0, 0, 100, 18));
+    Wg::TextEdit outside (panel, Wg::Rect::FromSize (10, 230, 150, 22));
+    EditOnEveryRow placer (list, onRow);
+    onRow.SetAutoUpdate (false);
+    onRow.Attach (recorder);
+    auto& rowEdit = PeerOf<QLineEdit> (onRow);
+    auto& outsideEdit = PeerOf<QLineEdit> (outside);
+    list.SetScrollPosition (RowCount - 3);
+    list.UserSelect (RowCount - 1);
+    onRow.SetFocus ();
+    QCoreApplication::processEvents ();
+    recorder.Take ();
+
+    Facts facts;
+    SendKey (rowEdit, Qt::Key_A, "a");
+    SendKey (rowEdit, Qt::Key_Tab);
+    facts ("afterTab", list.GetSelectedItem ()) ("events", "[" + recorder.Take () + "]") ("qtFollows", QApplication::focusWidget () == &rowEdit);
+    // On the last row Tab goes nowhere, and certainly not to the edit outside the list.
+    SendKey (rowEdit, Qt::Key_Tab);
+    facts ("onLastRow", list.GetSelectedItem ()) ("outsideFocused", outside.IsFocused () || QApplication::focusWidget () == &outsideEdit);
+    SendKey (rowEdit, Qt::Key_Backtab, {}, Qt::ShiftModifier);
+    facts ("afterShiftTab", list.GetSelectedItem ()) ("editFocused", onRow.IsFocused ());
+    onRow.Detach (recorder);
+    EXPECT_EQ (facts.Text (), "afterTab=50 events=[Changed:a Select:50] qtFollows=true onLastRow=50 outsideFocused=false "
+                              "afterShiftTab=49 editFocused=true");
 }
 
 TEST_F (QtBackendTest, TypingGoesThroughTheModelAndFocusMovesCommit)
@@ -237,6 +287,52 @@ TEST_F (QtBackendTest, TypingGoesThroughTheModelAndFocusMovesCommit)
     EXPECT_EQ (seen, "Wall|Walaü=Walaü|Wall|second|Changed:Walls");
 }
 
+// Gives the edit the focus back whenever it reports a change, as a list refreshing the
+// committed row does.
+class Refocuser : public Wg::TextEditObserver {
+public:
+    int  changes = 0;
+    void TextEditChanged (const Wg::TextEditChangeEvent& event) override
+    {
+        ++changes;
+        event.GetSource ()->SetFocus ();
+    }
+};
+
+TEST_F (QtBackendTest, LeavingTheViewCommitsOnceAndTheKeyboardStaysWhereTheUserPutIt)
+{
+    QWidget window;
+    auto* layout = new QHBoxLayout (&window);
+    auto* elsewhere = new QLineEdit (&window);
+    view->setParent (&window);
+    layout->addWidget (view.get ());
+    layout->addWidget (elsewhere);
+    window.show ();
+    window.activateWindow ();
+    Wg::TextEdit edit (panel, Wg::Rect::FromSize (10, 230, 150, 22));
+    edit.SetAutoUpdate (false);
+    Refocuser refocuser;
+    edit.Attach (refocuser);
+    auto& line = PeerOf<QLineEdit> (edit);
+    edit.SetFocus ();
+    QCoreApplication::processEvents ();
+
+    Facts facts;
+    SendKey (line, Qt::Key_A, "a");
+    elsewhere->setFocus (Qt::MouseFocusReason);
+    QCoreApplication::processEvents ();
+    facts ("changes", refocuser.changes) ("modelFocus", panel.GetFocusedItem () != nullptr) ("qtStaysElsewhere", QApplication::focusWidget () == elsewhere);
+
+    // Hiding the view (its window closed) commits too.
+    edit.SetFocus ();
+    SendKey (line, Qt::Key_B, "b");
+    view->hide ();
+    facts ("changesAfterHide", refocuser.changes) ("text", edit.GetText ().ToUtf8 ()) ("modelFocusAfterHide", panel.GetFocusedItem () != nullptr);
+    edit.Detach (refocuser);
+    view->setParent (nullptr);
+    EXPECT_EQ (facts.Text (), "changes=1 modelFocus=false qtStaysElsewhere=true changesAfterHide=2 text=ab modelFocusAfterHide=false");
+}
+
 TEST_F (QtBackendTest, NumberEditShowsWhatTheModelHolds)
 {
     Wg::RealEdit edit (panel, Wg::Rect::FromSize (10, 230, 150, 22), Wg::RealSubtype::Length);
@@ -244,18 +340,21 @@ TEST_F (QtBackendTest, NumberEditShowsWhatTheModelHolds)
     auto& line = PeerOf<QLineEdit> (edit);
     // Each step: does the widget show the model's text, and is all of it selected?
     const auto state = [&] {
-        return std::to_string (line.text () == QString::fromStdString (edit.GetText ().ToUtf8 ())) + std::to_string (line.selectedText () == line.text ());
+        const bool same = line.text () == QString::fromStdString (edit.GetText ().ToUtf8 ());
+        return std::string (same ? "model's text" : "other text") + (line.selectedText () == line.text () ? ", all selected" : "");
     };
-    std::string seen = state ();
+    Facts facts;
+    facts ("unfocused", state ());
     edit.SetFocus ();
-    seen += " " + state ();
+    facts ("focused", state ());
     SendKey (line, Qt::Key_3, "3");
     SendKey (line, Qt::Key_Period, ".");
     SendKey (line, Qt::Key_5, "5");
-    seen += " " + line.text ().toStdString () + ":" + state ();
+    facts ("typed", line.text ().toStdString ()) ("whileTyping", state ());
     SendKey (line, Qt::Key_Return);
-    seen += " " + state () + " " + std::to_string (edit.GetValue ());
-    EXPECT_EQ (seen, "10 11 3.5:10 11 3.500000");
+    facts ("committed", state ()) ("value", edit.GetValue ());
+    EXPECT_EQ (facts.Text (), "unfocused=model's text focused=model's text, all selected typed=3.5 whileTyping=model's text "
+                              "committed=model's text, all selected value=3.5");
 }
 
 TEST_F (QtBackendTest, ToolTipsAskTheObserversForTheRow)
@@ -295,9 +394,10 @@ TEST_F (QtBackendTest, ModelChangesReachWidgetsAndClicksReachTheModel)
     bar.Disable ();
     check.Hide ();
     const QRect geometry = slider.geometry ();
-    std::string seen = std::to_string (box.isChecked ()) + box.text ().toStdString () + " " + std::to_string (slider.maximum ()) + "/" +
-                       std::to_string (slider.value ()) + " " + std::to_string (geometry.x ()) + "," + std::to_string (geometry.y ()) + "," +
-                       std::to_string (geometry.width ()) + " " + std::to_string (slider.isEnabled ()) + std::to_string (box.isVisibleTo (view.get ()));
+    Facts facts;
+    facts ("checked", box.isChecked ()) ("text", box.text ().toStdString ()) ("max", slider.maximum ()) ("value", slider.value ())
+          ("at", std::to_string (geometry.x ()) + "," + std::to_string (geometry.y ())) ("width", geometry.width ())
+          ("sliderEnabled", slider.isEnabled ()) ("boxVisible", box.isVisibleTo (view.get ()));
 
     check.Show ();
     bar.Enable ();
@@ -305,10 +405,11 @@ TEST_F (QtBackendTest, ModelChangesReachWidgetsAndClicksReachTheModel)
     slider.setSliderDown (true);
     slider.setSliderPosition (70);
     slider.setSliderDown (false);
-    seen += " | " + std::to_string (box.isChecked ()) + " " + std::to_string (bar.GetValue ()) + " " + recorder.Take ();
+    facts ("modelChecked", check.IsChecked ()) ("modelValue", bar.GetValue ()) ("events", "[" + recorder.Take () + "]");
     check.Detach (recorder);
     bar.Detach (recorder);
-    EXPECT_EQ (seen, "1Visible 200/40 5,6,70 00 | 0 70 Check:0 Drag:70 Release:70");
+    EXPECT_EQ (facts.Text (), "checked=true text=Visible max=200 value=40 at=5,6 width=70 sliderEnabled=false boxVisible=false "
+                              "modelChecked=false modelValue=70 events=[Check:0 Drag:70 Release:70]");
 }
 
 TEST_F (QtBackendTest, TheSliderThumbFollowsThePointerAndReleaseEndsTheDrag)
@@ -342,18 +443,19 @@ TEST_F (QtBackendTest, ScrollBarAndWheelMapToTheScrollPosition)
     auto& listView = PeerOf<TxalQt::ListBoxView> (list);
     QScrollBar& bar = listView.GetScrollBar ();
     // (200 - 2 frame - 18 header) / 20 = 9 visible rows; the last scroll position is 50 - 9 + 1.
-    std::string seen = std::to_string (bar.minimum ()) + ".." + std::to_string (bar.maximum ()) + "/" + std::to_string (bar.pageStep ());
+    Facts facts;
+    facts ("range", std::to_string (bar.minimum ()) + ".." + std::to_string (bar.maximum ())) ("page", bar.pageStep ());
     bar.setValue (10);
-    seen += " " + std::to_string (list.GetScrollPosition ());
+    facts ("modelAfterBar", list.GetScrollPosition ());
     list.SetScrollPosition (20);
-    seen += " " + std::to_string (bar.value ());
+    facts ("barAfterModel", bar.value ());
     QWheelEvent wheel (QPointF (50, 50), QPointF (listView.mapToGlobal (QPoint (50, 50))), QPoint (), QPoint (0, -120), Qt::NoButton,
                        Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent (&listView, &wheel);
-    seen += " " + std::to_string (list.GetScrollPosition ()) + "=" + std::to_string (bar.value ());
+    facts ("modelAfterWheel", list.GetScrollPosition ()) ("barAfterWheel", bar.value ());
     list.DeleteItem (1);
-    seen += " " + std::to_string (bar.maximum ());
-    EXPECT_EQ (seen, "1..42/9 10 20 23=23 41");
+    facts ("maxAfterDelete", bar.maximum ());
+    EXPECT_EQ (facts.Text (), "range=1..42 page=9 modelAfterBar=10 barAfterModel=20 modelAfterWheel=23 barAfterWheel=23 maxAfterDelete=41");
 }
 
 // Destroys the button that was clicked, from inside the click.
@@ -378,9 +480,9 @@ TEST_F (QtBackendTest, ItemsThatDieFirstReleaseTheirWidgetsLater)
     button->click ();
     const bool keptDuringClick = button != nullptr && !button->isVisible ();
     ReleaseDeferred ();
-    EXPECT_EQ (std::to_string (peersWithButton - peersBefore) + " " + std::to_string (keptDuringClick) + " " +
-                   std::to_string (button == nullptr) + " " + std::to_string (view->GetPeerCount () - peersBefore),
-               "1 1 1 0");
+    EXPECT_EQ (Facts () ("peersMade", peersWithButton - peersBefore) ("hiddenButKeptDuringClick", keptDuringClick)
+                        ("releasedLater", button == nullptr) ("peersLeft", view->GetPeerCount () - peersBefore).Text (),
+               "peersMade=1 hiddenButKeptDuringClick=true releasedLater=true peersLeft=0");
 }
 
 TEST_F (QtBackendTest, ViewThatGoesFirstDetachesAndRestoresTheMetric)

@@ -11,6 +11,7 @@
 
 #include "IconCache.hpp"
 #include "KeyMapping.hpp"
+#include "Named.hpp"
 #include "Replay.hpp"
 #include "TxAttributeList/ResourceHelpers.hpp"
 
@@ -104,22 +105,21 @@ TEST (IconCacheTest, IconsRenderAtTheRatioAndGreyedOnesAreGrey)
     const QImage arrow = cache.GetPixmap (Wg::GetArrowImage (Wg::TriangleArrow, Wg::ArrowDown), QSize (16, 16), 1.0).toImage ();
     const QImage checkOn = cache.GetPixmap (Wg::Icon (Wg::Icon::StockModule, Wg::Icon::StockCheckOn), QSize (16, 16), 1.0).toImage ();
     const QImage checkOff = cache.GetPixmap (Wg::Icon (Wg::Icon::StockModule, Wg::Icon::StockCheckOff), QSize (16, 16), 1.0).toImage ();
-    const std::string seen = std::to_string (sharp.width ()) + "/" + std::to_string (sharp.devicePixelRatio ()).substr (0, 3) + " " +
-                             std::to_string (centre.blue () > centre.red ()) + std::to_string (greyCentre.red () == greyCentre.blue ()) + " " +
-                             std::to_string (unknown.isNull ()) + " " + std::to_string (arrow.pixelColor (8, 7).alpha () == 255) +
-                             std::to_string (arrow.pixelColor (8, 12).alpha () == 0) + " " + std::to_string (checkOn != checkOff);
-    EXPECT_EQ (seen, "32/2.0 11 1 11 1");
+    QtTest::Facts facts;
+    facts ("pixels", sharp.width ()) ("ratio", sharp.devicePixelRatio ()) ("accentBlue", centre.blue () > centre.red ())
+          ("greyedGrey", greyCentre.red () == greyCentre.blue ()) ("unknownNull", unknown.isNull ())
+          ("arrowOpaqueInside", arrow.pixelColor (8, 7).alpha () == 255) ("arrowClearBelow", arrow.pixelColor (8, 12).alpha () == 0)
+          ("checkStatesDiffer", checkOn != checkOff);
+    EXPECT_EQ (facts.Text (), "pixels=32 ratio=2 accentBlue=true greyedGrey=true unknownNull=true arrowOpaqueInside=true "
+                              "arrowClearBelow=true checkStatesDiffer=true");
 }
 
 std::string Map (int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
     const QKeyEvent event (QEvent::KeyPress, key, modifiers, text);
-    if (const auto modifier = TxalQt::KeyMapping::ToModifier (event)) return "M" + std::to_string (modifier->GetKey ());
+    if (const auto modifier = TxalQt::KeyMapping::ToModifier (event)) return "modifier:" + QtTest::ModifierKeyName (modifier->GetKey ());
     const auto code = TxalQt::KeyMapping::ToKeyCode (event);
-    if (!code.has_value ()) return "-";
-    if (code->GetCharacter () != 0)
-        return std::string (1, static_cast<char> (code->GetCharacter ())) + "/" + std::to_string (code->GetModifiers ());
-    return std::to_string (code->GetCode ()) + "/" + std::to_string (code->GetModifiers ());
+    return code.has_value () ? QtTest::KeyName (*code) : "-";
 }
 
 TEST (KeyMappingTest, QtKeysBecomeModelCodes)
@@ -130,7 +130,7 @@ TEST (KeyMappingTest, QtKeysBecomeModelCodes)
                              Map (Qt::Key_C, QString (QChar (3)), Qt::ControlModifier) + " " + Map (Qt::Key_Space, " ") + " " +
                              Map (Qt::Key_Alt, {}, Qt::AltModifier) + " " + Map (Qt::Key_Control, {}, Qt::ControlModifier) + " " +
                              Map (Qt::Key_F5) + " " + Map (Qt::Key_unknown, QStringLiteral ("\U0001F600"));
-    EXPECT_EQ (seen, "-1/0 -2/0 -3/0 -4/2 -14/0 -9/4 A/2 c/8  /0 M2 M3 - -");
+    EXPECT_EQ (seen, "Return Enter Escape Shift+Tab PageDown Alt+Down Shift+A Ctrl+c Space modifier:Alt modifier:Ctrl - -");
 }
 
 }   // namespace

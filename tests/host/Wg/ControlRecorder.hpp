@@ -7,6 +7,7 @@
 #include <functional>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include "Wg/Controls.hpp"
 #include "Wg/NumberEdit.hpp"
@@ -27,6 +28,9 @@ public:
     explicit ControlRecorder (std::string& log) : log (log) {}
 
     std::function<void ()> action;
+
+    // What was logged since the last call; the log starts afresh.
+    std::string Take () { return std::exchange (log, {}); }
 
     void TextEditChanged (const Wg::TextEditChangeEvent& event) override { Add ("Text:" + event.GetSource ()->GetText ().ToUtf8 ()); }
     void RealEditChanged (const Wg::RealEditChangeEvent& event) override { Add ("Real:" + Number (event.GetSource ()->GetValue ())); }

@@ -23,13 +23,6 @@ public:
 
 class ControlsTest : public ::testing::Test {
 protected:
-    std::string TakeLog ()
-    {
-        std::string taken;
-        taken.swap (log);
-        return taken;
-    }
-
     Wg::Panel                    panel;
     std::string                  log;
     TestSupport::ControlRecorder recorder {log};
@@ -46,7 +39,7 @@ TEST_F (ControlsTest, BarControlClampsAndReportsEveryDragAndRelease)
     // A release where the last drag left the thumb still ends the drag.
     bar.UserRelease (120);
     bar.UserRelease (-5);
-    EXPECT_EQ (TakeLog (), "Track:40 Track:100 Bar:100 Bar:0");
+    EXPECT_EQ (recorder.Take (), "Track:40 Track:100 Bar:100 Bar:0");
     EXPECT_EQ (peer.TakeLog (), "Value Value Value");
 
     bar.SetValue (10);
@@ -56,7 +49,7 @@ TEST_F (ControlsTest, BarControlClampsAndReportsEveryDragAndRelease)
     bar.SetMax (15);
     EXPECT_EQ (bar.GetValue (), 15);
     EXPECT_EQ (peer.TakeLog (), "Value Bounds Value Bounds Value");
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
 }
 
 TEST_F (ControlsTest, DisabledOrHiddenControlsIgnoreTheUser)
@@ -76,10 +69,10 @@ TEST_F (ControlsTest, DisabledOrHiddenControlsIgnoreTheUser)
     check.UserToggle ();
     EXPECT_EQ (bar.GetValue (), 0);
     EXPECT_FALSE (check.IsChecked ());
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
     button.Enable ();
     button.UserPress ();
-    EXPECT_EQ (TakeLog (), "Click");
+    EXPECT_EQ (recorder.Take (), "Click");
 }
 
 TEST_F (ControlsTest, CheckItemsToggleOnlyByTheUserNotify)
@@ -96,7 +89,7 @@ TEST_F (ControlsTest, CheckItemsToggleOnlyByTheUserNotify)
     check.UserToggle ();
     push.UserPress ();
     push.UserPress ();
-    EXPECT_EQ (TakeLog (), "Check:on Check:off Check:on Check:off");
+    EXPECT_EQ (recorder.Take (), "Check:on Check:off Check:on Check:off");
     EXPECT_EQ (peer.TakeLog (), "Value Value Value Value");
 }
 
@@ -132,7 +125,7 @@ TEST_F (ControlsTest, UserControlTrackingSendsTheDocumentedSequence)
     PopupLike popup (panel, Wg::Rect (0, 0, 100, 20));
     popup.Attach (recorder);
     popup.SetValue (2);
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
 
     popup.BeginTracking ();
     EXPECT_TRUE (popup.IsTracking ());
@@ -140,20 +133,20 @@ TEST_F (ControlsTest, UserControlTrackingSendsTheDocumentedSequence)
     popup.TrackValue (0);
     popup.EndTracking (true, 5);
     EXPECT_FALSE (popup.IsTracking ());
-    EXPECT_EQ (TakeLog (), "Enter:2 Track:3 Track:0 Track:5 Exit:5 Changed:5");
+    EXPECT_EQ (recorder.Take (), "Enter:2 Track:3 Track:0 Track:5 Exit:5 Changed:5");
 
     // A cancel puts the previous choice back and still ends with a final track.
     popup.BeginTracking ();
     popup.TrackValue (4);
     popup.EndTracking (false, 4);
     EXPECT_EQ (popup.GetValue (), 5);
-    EXPECT_EQ (TakeLog (), "Enter:5 Track:4 Track:5 Exit:5");
+    EXPECT_EQ (recorder.Take (), "Enter:5 Track:4 Track:5 Exit:5");
 
     // Outside tracking, track steps mean nothing.
     popup.TrackValue (7);
     popup.EndTracking (true, 7);
     EXPECT_EQ (popup.GetValue (), 5);
-    EXPECT_EQ (TakeLog (), "");
+    EXPECT_EQ (recorder.Take (), "");
 }
 
 TEST_F (ControlsTest, ObserversMayDestroyControlsWhileTheyNotify)
@@ -164,14 +157,14 @@ TEST_F (ControlsTest, ObserversMayDestroyControlsWhileTheyNotify)
     recorder.action = [&] { popup.reset (); };
     popup->EndTracking (true, 3);
     EXPECT_EQ (popup, nullptr);
-    EXPECT_EQ (TakeLog (), "Enter:0 Track:3");
+    EXPECT_EQ (recorder.Take (), "Enter:0 Track:3");
 
     auto bar = std::make_unique<Wg::BarControl> (panel, Wg::Rect (0, 0, 100, 20));
     bar->Attach (recorder);
     recorder.action = [&] { bar.reset (); };
     bar->UserRelease (30);
     EXPECT_EQ (bar, nullptr);
-    EXPECT_EQ (TakeLog (), "Bar:30");
+    EXPECT_EQ (recorder.Take (), "Bar:30");
     EXPECT_TRUE (panel.GetItems ().empty ());
 }
 

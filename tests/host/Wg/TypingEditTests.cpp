@@ -82,7 +82,7 @@ TYPED_TEST (TypingEditTest, TheFocusLeavingCommitsBeforeTheLossIsHeard)
     EXPECT_EQ (this->TakeLog (), "7 -focus");
 }
 
-TYPED_TEST (TypingEditTest, WithAutoUpdateEachCharacterIsHeardAndACommitAddsNothing)
+TYPED_TEST (TypingEditTest, WithAutoUpdateEachCharacterIsHeardAndACommitOrFocusLossAddsNothing)
 {
     this->edit.UserType ("7");
     EXPECT_EQ (this->TakeLog (), "7");
@@ -90,6 +90,11 @@ TYPED_TEST (TypingEditTest, WithAutoUpdateEachCharacterIsHeardAndACommitAddsNoth
     EXPECT_NE (this->TakeLog (), "");
     this->Press (Code (Wg::Key::Return));
     EXPECT_EQ (this->TakeLog (), "");
+    // Nor does the commit that the focus loss makes.
+    this->edit.UserType ("9");
+    this->TakeLog ();
+    this->other.SetFocus ();
+    EXPECT_EQ (this->TakeLog (), "-focus");
 }
 
 TYPED_TEST (TypingEditTest, ShortcutsAndControlCharactersAreLeftToTheHost)

@@ -26,6 +26,7 @@ namespace TxalQt {
 
 class PanelView;
 
+// Shows panels in Qt windows and installs the Qt modal runner, text measurer and theme.
 class Backend {
 public:
     // The panel's view, made on the first call: a child of parent (which owns it), or a

@@ -23,6 +23,7 @@ namespace TxalQt {
 
 class PeerBase;
 
+// The QWidget that shows a Wg::Panel and reports the user's input to it.
 class PanelView : public QWidget, public Wg::PanelPeer {
     Q_OBJECT
 
@@ -61,7 +62,13 @@ public:
     // Whether the item stands over a row of one of the panel's list boxes.
     bool IsOverListRow (const Wg::Item& item) const;
     // Moves the Qt focus to the widget of the item that has the model's focus (or to the view).
+    // Does nothing while the keyboard leaves the panel (LeavePanel).
     void FollowModelFocus ();
+    // The Qt focus went to a widget outside the view: the model's focus leaves the panel, so
+    // that what was typed is committed. Whatever gives an item the focus again meanwhile (a
+    // refreshed row puts it back into its edit) is an echo and is undone; the keyboard stays
+    // where the user put it.
+    void LeavePanel ();
 
 protected:
     bool event (QEvent* event) override;
@@ -97,6 +104,7 @@ private:
     bool                    syncScheduled = false;
     bool                    applyingPanelSize = false;
     bool                    closing = false;
+    bool                    leaving = false;
 };
 
 }   // namespace TxalQt

@@ -301,6 +301,13 @@ public:
     // Up, Down, Home, End, PageUp and PageDown move the selection like UserSelect and scroll
     // the new row into view.
     bool HandleKey (const Key::Code& key) override;
+    // Tab traversal, which never leaves the list box. From the on-tab item over fromColumn of
+    // the selected row (0: from the list box itself) the focus goes to the row's next focusable
+    // on-tab item by column (backward: the previous one). Past the row's last one the next
+    // enabled row (backward: the previous) is selected as UserSelect does and scrolled into view,
+    // and its first focusable on-tab item (backward: its last) takes the focus, or the list box
+    // itself when the row has none. At the last (backward: first) enabled row the focus stays.
+    void UserTab (short fromColumn, bool backward);
 
     // --- Painting entry points (a backend's paint, or a test); list-box pixels ---
     // Draws one row into context at its rectangle: background, cells, owner-drawn cells through
@@ -318,6 +325,10 @@ protected:
     void VisibilityChanged () override;
 
 private:
+    struct OnTabStop {
+        short column;
+        Item* item;
+    };
     struct Impl;
     std::unique_ptr<Impl> impl;
 };

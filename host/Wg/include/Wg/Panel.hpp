@@ -12,6 +12,7 @@
 
 namespace Wg {
 
+class ListBox;
 class Panel;
 
 class PanelEvent {
@@ -125,9 +126,15 @@ public:
     // Asks the observers; returns whether the close was accepted.
     bool RequestClose ();
     void SetScale (double newScale);
-    // A key press: handlers first, then the focused item. Sets the application's modifier
-    // state for the duration. Returns whether anybody used the key.
+    // A key press: handlers first, then the focused item, then, for a Tab that nobody used,
+    // MoveFocusByTab (Shift: backward). Sets the application's modifier state for the duration.
+    // Returns whether anybody used the key.
     bool KeyPress (const Key::Code& key);
+    // Tab traversal. Inside a list box (the list box or one of its on-tab items has the focus)
+    // it is the list box's, ListBox::UserTab, and never leaves it. Elsewhere it visits the
+    // focusable, visible and enabled items that stand on no list box row, in id order, wrapping
+    // around. Returns whether there was anywhere to go.
+    bool MoveFocusByTab (bool backward);
     bool ModifierPress (const Key::Modifier& modifier);
 
 private:
@@ -135,6 +142,16 @@ private:
     void  AddItem (Item& item, short requestedId, short& assignedId);
     void  RemoveItem (Item& item);
     void  NotifyPeer ();
+
+    // Where a Tab starts: the list box that holds the focus and the column of the focused
+    // on-tab item (0: the list box itself); no list box when the focus is elsewhere.
+    struct TabOrigin {
+        ListBox* listBox = nullptr;
+        short    listBoxId = 0;
+        short    column = 0;
+    };
+    TabOrigin FindTabOrigin () const;
+    bool      MoveFocusByTab (const TabOrigin& origin, bool backward);
 
     short                          id;
     Kor::UniString                 title;
