@@ -286,6 +286,8 @@ void AttributeList::CalculateResizeableColumnsRatio ()
 void AttributeList::SetStatus (bool enable)
 {
     listBox->SetStatus (enable);
+    // The controls over a disabled list box take no input either.
+    SetOnTabItems ();
 }
 
 bool AttributeList::IsEnabled () const

@@ -97,7 +97,7 @@ bool AttributeList::SetOnTabItems ()
 bool AttributeList::IsRowEditable (short row) const
 {
     const AttributeListItem* item = GetItemOfRow (row);
-    if (item == nullptr || !listBox->IsItemEnabled (row) || !item->GetStatus ()) return false;
+    if (item == nullptr || !listBox->IsEnabled () || !listBox->IsItemEnabled (row) || !item->GetStatus ()) return false;
     if (item->kind != AttributeListItem::Kind::Group) return true;
     const AttributeListSimpleItem* master = static_cast<const AttributeListGroupItem*> (item)->GetMasterItem ();
     return master == nullptr || master->GetStatus ();

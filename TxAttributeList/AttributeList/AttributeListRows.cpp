@@ -350,6 +350,8 @@ void AttributeList::DisableAllItems ()
     if (alive.IsGone ()) return;
     const short count = listBox->GetItemCount ();
     for (short row = 1; row > 0 && row <= count; ++row) listBox->DisableItem (row);
+    // The selected row's controls were placed before its row was greyed.
+    SetOnTabItems ();
 }
 
 bool AttributeList::EnableAllItems ()
@@ -371,6 +373,7 @@ bool AttributeList::EnableAllItems ()
         listBox->EnableItem (row);
         changed = true;
     }
+    if (changed && alive.IsAlive ()) SetOnTabItems ();
     return changed;
 }
 

@@ -100,6 +100,30 @@ TEST_F (UserChangeRulesTest, ADisabledRowTakesNoUserChange)
     EXPECT_EQ (log.Take (), "ValueChanged(Real)");
 }
 
+// Rows greyed after the selected row placed its controls: by DisableAllItems (a group's child
+// keeps its own status, only its row is greyed) or by disabling the whole list box.
+TEST_F (UserChangeRulesTest, ControlsFollowRowsGreyedAfterTheyWerePlaced)
+{
+    auto* group = h.list->CreateGroup ("G", NoIcon, true, true);
+    auto* child = group->CreateRealItem (false, "Child", NoIcon, 0, 100, 5, true, true, false);
+    log.Watch (*child);
+    TxAL::OnTabItems& c = h.list->GetOnTabItems ();
+    h.ClickColumn (2, Value ());
+    h.list->DisableAllItems ();
+    c.GetRealEdit ().UserType ("9");
+    EXPECT_FALSE (c.GetRealEdit ().IsEnabled ());
+    EXPECT_TRUE (h.list->EnableAllItems ());
+    EXPECT_TRUE (c.GetRealEdit ().IsEnabled ());
+    h.list->SetStatus (false);
+    c.GetRealEdit ().UserType ("8");
+    EXPECT_EQ (log.Get (), "");
+    EXPECT_DOUBLE_EQ (child->GetValue (), 5.0);
+    h.list->SetStatus (true);
+    h.ClickColumn (2, Value ());
+    c.GetRealEdit ().UserType ("7");
+    EXPECT_EQ (log.Get (), "ValueChanged(Child)");
+}
+
 TEST_F (UserChangeRulesTest, SpaceOnADisabledCheckRowIsLeftToTheHost)
 {
     auto* check = h.list->CreateCheckItem ("Check", NoIcon, false, "", false, false);
