@@ -117,12 +117,20 @@ void AttributeListGroupItem::ClearMasterItem ()
     // Deleting the master runs its destructor, which comes back here through DeleteItem.
     clearingMaster = true;
     AttributeListSimpleItem* master = masterItem;
+    // Removing controls and deleting the master reach observers (a commit, the rebuild that the
+    // master's leaving starts): they may destroy this group, its list or the master.
+    Kor::LifeWatch alive (*this);
+    Kor::LifeWatch masterLife (*master);
     if (IsVisible ()) master->ClearListItem (GetRow ());
     // The master's controls stood on the group's row; none may stay there without it.
     if (AttributeList* list = GetAttributeList (); list != nullptr && GetRow () > 0 && list->GetListBox ().GetSelectedItem () == GetRow ())
         list->GetListBox ().RemoveAllOnTabItems ();
-    if (master->masterOwnedByGroup) {
+    if (alive.IsGone ()) return;
+    if (masterLife.IsGone ()) {
+        // Its destructor released it already.
+    } else if (master->masterOwnedByGroup) {
         delete master;
+        if (alive.IsGone ()) return;
     } else if (master->GetGroup () == this) {
         // A master that lives on leaves the group, and the list the group gave it, so that its
         // destructor never reaches back into either once they are gone. One that is also a

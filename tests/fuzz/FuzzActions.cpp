@@ -197,7 +197,9 @@ void TypeAndConfirm (World& world, Rng& rng)
     box.Click (row, Wg::Point ((box.GetTabFieldBeginPosition (valueColumn) + box.GetTabFieldEndPosition (valueColumn)) / 2, RowY));
     if (!world.IsAlive (&item) || world.ListOf (&item) != &list || world.IsArmed (item)) return;
     Wg::Item* edit = FocusedEdit (world);
-    if (edit == nullptr || box.GetOnTabItem (valueColumn) != edit || box.GetSelectedItem () != row) return;
+    // A user types only into an edit that shows: a row scrolled out of a list made too small
+    // keeps its edit hidden.
+    if (edit == nullptr || !edit->IsVisible () || box.GetOnTabItem (valueColumn) != edit || box.GetSelectedItem () != row) return;
     const std::optional<ItemKind::Typing> typing = kind.typing (item, rng);
     if (!typing) return;
 

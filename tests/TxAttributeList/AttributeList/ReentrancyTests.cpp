@@ -129,6 +129,25 @@ TEST_F (ReentrancyTest, ReleasingAMasterWhoseCommitRemovesTheGroup)
     }
 }
 
+// Deleting an owned master rebuilds the rows; a row-count observer of that rebuild destroys the
+// list, and the group with it, while the group is still releasing its master.
+TEST_F (ReentrancyTest, ReleasingAnOwnedMasterWhoseRebuildDestroysTheList)
+{
+    ListHarness h;
+    auto* group = h.list->CreateGroup ("G", NoIcon, true, true);
+    group->CreateTextItem (true, "M", NoIcon, "", false, true, false, true, false);
+    CountedItem pending ("Pending");
+    h.list->AddListItem (pending);   // shown at the next rebuild, which changes the row count
+    log.Watch (*h.list);
+    log.onCall = [&] (const std::string& call, const AttributeListItem*) {
+        if (call == "Height") h.list.reset ();
+    };
+    group->ClearMasterItem ();
+    EXPECT_EQ (h.list, nullptr);
+    EXPECT_EQ (log.Get (), "Height Destroyed");
+    EXPECT_FALSE (pending.InList ());
+}
+
 TEST_F (ReentrancyTest, ReplacingAChildWhoseCommitRemovesTheGroup)
 {
     ListHarness h (TypingParams ());
