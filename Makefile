@@ -28,7 +28,7 @@ test-sanitize: deps
 SEEDS      ?= 20
 STEPS      ?= 5000
 FIRST_SEED ?= 1
-FUZZ_OFF   ?= typed-read-back
+FUZZ_OFF   ?=
 
 fuzz: deps
 	cmake --preset sanitize

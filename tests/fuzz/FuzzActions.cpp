@@ -176,6 +176,18 @@ void AskToolTip (World& world, Rng& rng)
     list.GetListBox ().RequestToolTip (AnyRow (list, rng));
 }
 
+// The bounds and state behind a value that did not read back, for the failure's message.
+std::string DebugBounds (AttributeListSimpleItem& item, Wg::Item* edit)
+{
+    std::string out;
+    if (auto* real = dynamic_cast<TxAL::AttributeListRealItem*> (&item))
+        out += " item[" + std::to_string (real->GetMinValue ()) + "," + std::to_string (real->GetMaxValue ()) + "]";
+    if (auto* e = dynamic_cast<Wg::RealEdit*> (edit)) out += " edit[" + std::to_string (e->GetMin ()) + "," + std::to_string (e->GetMax ()) + "]";
+    if (auto* e = dynamic_cast<Wg::IntEdit*> (edit)) out += " edit[" + std::to_string (e->GetMin ()) + "," + std::to_string (e->GetMax ()) + "]";
+    if (edit != nullptr) out += " visible=" + std::to_string (edit->IsVisible ()) + " enabled=" + std::to_string (edit->IsEnabled ());
+    return out;
+}
+
 // Types a new value into an item's edit and confirms it: the item's observers hear it once (or
 // once per accepted keystroke where every keystroke is sent), and the value reads back.
 void TypeAndConfirm (World& world, Rng& rng)
@@ -207,7 +219,13 @@ void TypeAndConfirm (World& world, Rng& rng)
     const bool        everyKeystroke = world.IndexOf (&list) == 0;
     const std::string before = kind.read (item);
     world.ResetChanges ();
-    if (auto* textEdit = dynamic_cast<Wg::TextEdit*> (edit)) textEdit->SelectAll ();
+    // Start afresh as a user would: a text is selected whole, a number edit that still holds
+    // earlier typing is reverted with Escape so that the first character replaces its value.
+    if (auto* textEdit = dynamic_cast<Wg::TextEdit*> (edit))
+        textEdit->SelectAll ();
+    else
+        world.Panel ().KeyPress (Wg::Key::Code (Wg::Key::Escape));
+    if (!world.IsAlive (&item)) return;
     const std::string typed = typing->text.ToUtf8 ();
     if (everyKeystroke && !world.IsOn (Switch::TypingFocus))
         PasteInto (*edit, typing->text);
@@ -229,7 +247,7 @@ void TypeAndConfirm (World& world, Rng& rng)
                                            : heard == (changed ? 1 : 0);
     if (!heardRight) world.failure = "observers heard wrong: " + what;
     else if (typing->expected && after != *typing->expected && world.IsOn (Switch::TypedReadBack))
-        world.failure = "the value does not read back: " + what;
+        world.failure = "the value does not read back: " + what + DebugBounds (item, edit);
 }
 
 // --- Program calls ---
