@@ -96,11 +96,15 @@ bool AttributeList::SetOnTabItems ()
 
 bool AttributeList::IsRowEditable (short row) const
 {
+    // What the user sees decides: the row's greying and the status of the item that edits on
+    // it (a group's master on the group's row), which may be newer than the row's greying.
     const AttributeListItem* item = GetItemOfRow (row);
-    if (item == nullptr || !listBox->IsEnabled () || !listBox->IsItemEnabled (row) || !item->GetStatus ()) return false;
-    if (item->kind != AttributeListItem::Kind::Group) return true;
-    const AttributeListSimpleItem* master = static_cast<const AttributeListGroupItem*> (item)->GetMasterItem ();
-    return master == nullptr || master->GetStatus ();
+    if (item == nullptr || !listBox->IsEnabled () || !listBox->IsItemEnabled (row)) return false;
+    if (item->kind == AttributeListItem::Kind::Group) {
+        if (const AttributeListSimpleItem* master = static_cast<const AttributeListGroupItem*> (item)->GetMasterItem ())
+            return master->GetStatus ();
+    }
+    return item->GetStatus ();
 }
 
 bool AttributeList::IsTypingInPlacedEdit () const

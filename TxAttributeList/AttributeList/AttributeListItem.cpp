@@ -220,7 +220,11 @@ void AttributeListItem::SetStatus (bool newStatus)
 {
     if (newStatus == status) return;
     status = newStatus;
+    Kor::LifeWatch alive (*this);
     RefreshItem (true);
+    // During a batch the row is not refreshed, but the controls on it must follow at once: a
+    // disabled item takes no user change.
+    if (alive.IsAlive () && list != nullptr && !list->UpdateIsEnabled () && IsSelected ()) list->SetOnTabItems ();
 }
 
 void AttributeListItem::SetVisibility (bool newVisibility)
