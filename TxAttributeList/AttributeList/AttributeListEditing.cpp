@@ -181,14 +181,10 @@ void AttributeList::NotifySelectionChanged ()
     NotifyObservers<AttributeListObserver> ([this] (AttributeListObserver& o) { o.AttributeListSelectionChanged (*this); });
 }
 
-#define TXAL_ON_TAB_QUERY_VisibilityQuery(Name) \
-    bool AttributeList::Is##Name##OnTabItemVisible () const { return listBox->IsOnTabItem (onTabItems->Get##Name ()); }
-#define TXAL_ON_TAB_QUERY_NoQuery(Name)
-#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) TXAL_ON_TAB_QUERY_##Query (Name)
+#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) \
+    TXAL_ON_TAB_IF_##Query (bool AttributeList::Is##Name##OnTabItemVisible () const { return listBox->IsOnTabItem (onTabItems->Get##Name ()); })
 TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_QUERY)
 #undef TXAL_ON_TAB_QUERY
-#undef TXAL_ON_TAB_QUERY_NoQuery
-#undef TXAL_ON_TAB_QUERY_VisibilityQuery
 
 // --- Panel and list box events ---
 

@@ -254,13 +254,9 @@ public:
 
     // Whether a control stands over a column of the list box now: Is<Name>OnTabItemVisible for
     // every control of the table that asks for a query (IsLengthEditOnTabItemVisible, ...).
-#define TXAL_ON_TAB_QUERY_VisibilityQuery(Name) bool Is##Name##OnTabItemVisible () const;
-#define TXAL_ON_TAB_QUERY_NoQuery(Name)
-#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) TXAL_ON_TAB_QUERY_##Query (Name)
+#define TXAL_ON_TAB_QUERY(Class, Name, FocusRank, Query, ...) TXAL_ON_TAB_IF_##Query (bool Is##Name##OnTabItemVisible () const;)
     TXAL_ON_TAB_CONTROLS (TXAL_ON_TAB_QUERY)
 #undef TXAL_ON_TAB_QUERY
-#undef TXAL_ON_TAB_QUERY_NoQuery
-#undef TXAL_ON_TAB_QUERY_VisibilityQuery
 
     // --- Keyboard (the list's low-level handler) ---
     Wg::KeyResult KeyPressed (const Wg::Key::Code& key, Wg::Item** sourceItem) override;

@@ -17,6 +17,11 @@
 // Rows are in construction order. The further real edit is observed but deliberately never a
 // focus target.
 
+// Keeps its arguments for a control with a visibility query, drops them for one without:
+// TXAL_ON_TAB_IF_##Query (declaration).
+#define TXAL_ON_TAB_IF_VisibilityQuery(...) __VA_ARGS__
+#define TXAL_ON_TAB_IF_NoQuery(...)
+
 #define TXAL_ON_TAB_CONTROLS(X)                                                                                            \
     X (Wg::IntEdit, IntEdit, 10, VisibilityQuery, Wg::IntEditObserver)                                                   \
     X (Wg::PosIntEdit, PosIntEdit, 20, VisibilityQuery, Wg::PosIntEditObserver)                                          \
