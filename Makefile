@@ -1,6 +1,6 @@
 # Two commands set everything up on a fresh Debian 12 machine: `make test` and `make demo`.
 
-BUILD_PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
+BUILD_PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev nlohmann-json3-dev
 QT_PACKAGES    := qt6-base-dev qt6-svg-dev libgl-dev fonts-dejavu-core xvfb xauth
 JOBS           ?= $(shell nproc)
 
