@@ -84,6 +84,8 @@ ModuleImage ModuleImage::FromFiles (const std::string& origin, const std::vector
             hasStrings = true;
         } else if (file.path == HelpAnchorsFileName) {
             image.helpAnchors = ParseStringsFile (shownName, file.contents);
+        } else if (file.path == DialogsFileName) {
+            image.dialogs = ParseDialogsFile (shownName, file.contents);
         } else if (file.path.rfind (IconFolder, 0) == 0 && EndsWith (file.path, IconExtension) &&
                    file.path.find ('/', std::string (IconFolder).size ()) == std::string::npos) {
             const std::optional<std::int32_t> id = IconIdOf (file.path);
@@ -104,7 +106,7 @@ ModuleImage ModuleImage::FromDirectory (const std::string& folder)
         throw ResourceError (folder, WholeFileLine, "not a folder: a module image is a folder with a strings.txt");
 
     std::vector<ImageFile> files;
-    for (const char* name : { StringsFileName, HelpAnchorsFileName }) {
+    for (const char* name : { StringsFileName, HelpAnchorsFileName, DialogsFileName }) {
         const fs::path path = fs::path (folder) / name;
         if (fs::exists (path, error)) files.push_back (ImageFile { name, ReadWholeFile (path, Joined (folder, name)) });
     }
@@ -131,6 +133,12 @@ const Kor::UniString* ModuleImage::FindString (int resId, int index) const
 const Kor::UniString* ModuleImage::FindHelpAnchor (int resId, int index) const
 {
     return FindIn (helpAnchors, resId, index);
+}
+
+const DialogTemplate* ModuleImage::FindDialog (int resId) const
+{
+    const auto it = dialogs.find (resId);
+    return it != dialogs.end () ? &it->second : nullptr;
 }
 
 const ModuleImage::Icon* ModuleImage::FindIcon (std::int32_t resId) const

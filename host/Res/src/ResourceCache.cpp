@@ -178,6 +178,12 @@ Kor::UniString ResGetHelpAnchor (ModuleHandle module, int resId, int index)
     return anchor != nullptr ? *anchor : Kor::UniString ();
 }
 
+const DialogTemplate* ResGetDialogTemplate (ModuleHandle module, int resId)
+{
+    const ModuleImage* image = FindImage (module);
+    return image != nullptr ? image->FindDialog (resId) : nullptr;
+}
+
 std::optional<Gfx::Size> GetIconSize (ModuleHandle module, std::int32_t resId)
 {
     const ModuleImage* image = FindImage (module);

@@ -29,6 +29,13 @@ void Panel::SetTitle (const Kor::UniString& newTitle)
     NotifyPeer ();
 }
 
+void Panel::MoveTo (Point screenOrigin)
+{
+    if (screenOrigin == rect.GetTopLeft ()) return;
+    rect = rect.Offset (screenOrigin.x - rect.left, screenOrigin.y - rect.top);
+    NotifyPeer ();
+}
+
 Item* Panel::GetItem (short itemId) const
 {
     auto it = items.find (itemId);
@@ -146,10 +153,10 @@ void Panel::ResizeExit ()
     NotifyObservers<PanelObserver> ([&] (PanelObserver& o) { o.PanelResizeExited (event); });
 }
 
-bool Panel::RequestClose ()
+bool Panel::RequestClose (bool closeAccepted)
 {
     bool accepted = false;
-    const PanelCloseRequestEvent event (this);
+    const PanelCloseRequestEvent event (this, closeAccepted);
     NotifyObservers<PanelObserver> ([&] (PanelObserver& o) { o.PanelCloseRequested (event, &accepted); });
     return accepted;
 }

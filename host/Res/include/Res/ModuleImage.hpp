@@ -4,6 +4,7 @@
 // folder:
 //   strings.txt        string lists (format in Res/StringsFile.hpp), required
 //   helpanchors.txt    help anchors in the same format: [resId] then "<item index> = <anchor>"
+//   dialogs.txt        dialog resources: sizes and item rectangles (format in Res/DialogsFile.hpp)
 //   icons/<id>.svg     icon <id>; its size at 100 % comes from the SVG (Res/SvgSize.hpp)
 // Other files are ignored, so a module folder can carry notes. Reading throws
 // Res::ResourceError "<file>:<line>: <reason>" at the first problem.
@@ -16,6 +17,7 @@
 
 #include "Gfx/Geometry.hpp"
 #include "Kor/UniString.hpp"
+#include "Res/DialogsFile.hpp"
 #include "Res/StringsFile.hpp"
 
 namespace Res {
@@ -35,6 +37,7 @@ public:
 
     static constexpr const char* StringsFileName = "strings.txt";
     static constexpr const char* HelpAnchorsFileName = "helpanchors.txt";
+    static constexpr const char* DialogsFileName = "dialogs.txt";
     static constexpr const char* IconFolder = "icons/";
     static constexpr const char* IconExtension = ".svg";
 
@@ -49,6 +52,7 @@ public:
     const Kor::UniString* FindString (int resId, int index) const;
     const Kor::UniString* FindHelpAnchor (int resId, int index) const;
     const Icon*           FindIcon (std::int32_t resId) const;
+    const DialogTemplate* FindDialog (int resId) const;
 
     const StringLists&                    GetStringLists () const { return stringLists; }
     const std::map<std::int32_t, Icon>&   GetIcons () const { return icons; }
@@ -56,6 +60,7 @@ public:
 private:
     StringLists                  stringLists;
     StringLists                  helpAnchors;
+    DialogTemplates              dialogs;
     std::map<std::int32_t, Icon> icons;
 };
 

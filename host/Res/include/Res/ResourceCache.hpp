@@ -69,6 +69,10 @@ bool ResGetIndString_ParamAdapter (const char* sourceFile, int line, int resId, 
 // The help anchor of item index of dialog resId; empty when there is none.
 Kor::UniString ResGetHelpAnchor (ModuleHandle module, int resId, int index);
 
+// The dialog resource resId of the module; null when the module or the dialog is missing. The
+// pointer stays valid as long as the icon pointers do.
+const DialogTemplate* ResGetDialogTemplate (ModuleHandle module, int resId);
+
 // The icon's size at 100 % and its SVG document; nothing (null) when the module or icon is missing.
 std::optional<Gfx::Size> GetIconSize (ModuleHandle module, std::int32_t resId);
 const std::string*       GetIconSvg (ModuleHandle module, std::int32_t resId);

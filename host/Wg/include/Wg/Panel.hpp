@@ -47,9 +47,19 @@ private:
     double newScale;
 };
 
+// A request to close the panel. Accepted: the panel closes by acceptance (OK, Close) rather
+// than by cancellation, so that what it shows is to be kept.
+class PanelCloseRequestEvent : public PanelEvent {
+public:
+    PanelCloseRequestEvent (Panel* source, bool accepted) : PanelEvent (source), accepted (accepted) {}
+    bool IsAccepted () const { return accepted; }
+
+private:
+    bool accepted;
+};
+
 using PanelOpenEvent = PanelEvent;
 using PanelIdleEvent = PanelEvent;
-using PanelCloseRequestEvent = PanelEvent;
 using PanelResizeExitEvent = PanelEvent;
 
 class PanelObserver : public virtual Kor::EventObserver {
@@ -90,6 +100,9 @@ public:
     int  GetWidth () const { return rect.GetWidth (); }
     int  GetHeight () const { return rect.GetHeight (); }
     Point GetScreenOrigin () const { return rect.GetTopLeft (); }
+    // Moves the panel on the screen (a tab page follows its tab control); the items keep their
+    // panel coordinates and the observers hear nothing.
+    void MoveTo (Point screenOrigin);
 
     // Items by id; null when there is none.
     Item* GetItem (short itemId) const;
@@ -123,8 +136,10 @@ public:
     // The user resized the panel by (dWidth, dHeight); resize exit ends the drag.
     void Resize (int dWidth, int dHeight);
     void ResizeExit ();
-    // Asks the observers; returns whether the close was accepted.
-    bool RequestClose ();
+    // Asks the observers whether the panel may close; returns whether one of them agreed.
+    // closeAccepted tells them whether it closes by acceptance (the default: a palette's close
+    // box keeps what was done) or by cancellation.
+    bool RequestClose (bool closeAccepted = true);
     void SetScale (double newScale);
     // A key press: handlers first, then the focused item, then, for a Tab that nobody used,
     // MoveFocusByTab (Shift: backward). Sets the application's modifier state for the duration.
