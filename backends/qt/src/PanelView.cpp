@@ -17,6 +17,7 @@
 #include "Pk/PickerControl.hpp"
 #include "Pk/PopupControl.hpp"
 #include "Strings.hpp"
+#include "TabPeers.hpp"
 #include "Theme.hpp"
 #include "Wg/Controls.hpp"
 #include "Wg/ListBox.hpp"
@@ -146,6 +147,10 @@ void PanelView::CreatePeer (Wg::Item& item)
         peer = new IconPeer (*this, *icon);
     else if (auto* text = dynamic_cast<Wg::LeftText*> (&item))
         peer = new TextPeer (*this, *text);
+    else if (auto* tabs = dynamic_cast<Wg::TabControl*> (&item))
+        peer = new TabControlPeer (*this, *tabs);
+    else if (auto* splitter = dynamic_cast<Wg::Splitter*> (&item))
+        peer = new SplitterPeer (*this, *splitter);
     if (peer == nullptr) return;
 
     peers.push_back (peer);
