@@ -57,6 +57,7 @@ private:
 // One property: what it is called, what it holds and what it holds by default.
 class PropertyDefinition {
 public:
+    // Everything a definition holds, filled in by whoever makes one.
     struct Data {
         Kor::Guid                                  guid;
         Kor::UniString                             name;
