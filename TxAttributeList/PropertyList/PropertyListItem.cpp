@@ -54,6 +54,96 @@ const PopupTextTables& GetPopupTextTables ()
     return tables;
 }
 
+constexpr std::size_t DefaultValueTypeCount = 3;
+
+// The popups and placeholder texts are the same for every item of a kind: they are made once
+// per registration of the library's resource module (a list of a thousand properties would
+// otherwise look up and decode the same strings thousands of times).
+class PropertyResourceCache {
+public:
+    static PropertyResourceCache& Get ()
+    {
+        static PropertyResourceCache cache;
+        if (cache.module != GetLibResModule ()) {
+            const std::uint64_t generation = cache.generation + 1;
+            cache = PropertyResourceCache (GetLibResModule ());
+            cache.generation = generation;
+        }
+        return cache;
+    }
+
+    // The four entries for a default value type (clamped to the known ones) and whether the
+    // custom value is user-undefined.
+    const Kor::Array<AttributeListItem::PopupItem>& GetPopupEntries (std::int32_t defaultValueType, bool undefinedCustom)
+    {
+        const std::size_t type = defaultValueType >= 0 && static_cast<std::size_t> (defaultValueType) < DefaultValueTypeCount
+                                     ? static_cast<std::size_t> (defaultValueType)
+                                     : 0;
+        Kor::Array<AttributeListItem::PopupItem>& entries = popups[type * 2 + (undefinedCustom ? 1 : 0)];
+        if (entries.IsEmpty ()) entries = MakePopupEntries (type, undefinedCustom);
+        return entries;
+    }
+
+    const Kor::UniString& GetPlaceholderText (int index)
+    {
+        Kor::UniString& text = placeholderTexts[static_cast<std::size_t> (index)];
+        if (text.IsEmpty ()) text = GetResourceString (PlaceholderStringsResId, index);
+        return text;
+    }
+
+    const Wg::Icon& GetCalculateIcon () const { return calculateIcon; }
+    // Changes whenever the entries are made anew.
+    std::uint64_t   GetGeneration () const { return generation; }
+
+private:
+    PropertyResourceCache () = default;
+    explicit PropertyResourceCache (std::int64_t module) : module (module), calculateIcon (GetResourceIcon (CalculateIconResId)) {}
+
+    static Kor::Array<AttributeListItem::PopupItem> MakePopupEntries (std::size_t type, bool undefinedCustom)
+    {
+        const PopupTextTables& tables = GetPopupTextTables ();
+        Kor::Array<AttributeListItem::PopupItem> entries;
+
+        AttributeListItem::PopupItem defaultEntry;
+        defaultEntry.SetIcon (GetResourceIcon (DefaultEntryIconResId));
+        Kor::UniString defaultText = GetResourceString (PopupStringsResId, DefaultEntryTemplateIndex);
+        defaultText.ReplaceFirst (DefaultValueTypeKey, GetResourceString (PopupStringsResId, tables.defaultTypeString[type]));
+        defaultEntry.SetText (defaultText);
+        entries.Push (defaultEntry);
+
+        AttributeListItem::PopupItem separator;
+        separator.SetIsSeparator (true);
+        entries.Push (separator);
+
+        AttributeListItem::PopupItem customEntry;
+        customEntry.SetIcon (GetResourceIcon (CustomEntryIconResId));
+        Kor::UniString customText = GetResourceString (PopupStringsResId, CustomEntryTemplateIndex);
+        customText.ReplaceFirst (CustomValueTypeKey,
+                                 GetResourceString (PopupStringsResId, undefinedCustom ? tables.customUndefinedString : tables.customNormalString));
+        customEntry.SetText (customText);
+        customEntry.SetUserData (Kor::NewRef<VariantStatusWrapper> (Kor::DynamicValue::Normal));
+        entries.Push (customEntry);
+
+        AttributeListItem::PopupItem statusEntry;
+        statusEntry.SetText (GetResourceString (PopupStringsResId, undefinedCustom ? tables.offerNormalString : tables.offerUndefinedString));
+        statusEntry.SetUserData (
+            Kor::NewRef<VariantStatusWrapper> (undefinedCustom ? Kor::DynamicValue::Normal : Kor::DynamicValue::UserUndefined));
+        entries.Push (statusEntry);
+        return entries;
+    }
+
+    std::int64_t                                                     module = -1;
+    std::uint64_t                                                    generation = 0;
+    std::array<Kor::Array<AttributeListItem::PopupItem>, DefaultValueTypeCount * 2> popups;
+    std::array<Kor::UniString, NotAvailableIndex + 1>                placeholderTexts;
+    Wg::Icon                                                         calculateIcon;
+};
+
+// Positions of the entries in every popup.
+constexpr std::int32_t DefaultEntryPosition = 0;
+constexpr std::int32_t CustomEntryPosition = 2;
+constexpr std::int32_t StatusEntryPosition = 3;
+
 bool IsNormal (const Kor::DynamicValue* value)
 {
     return value != nullptr && value->GetStatus () == Kor::DynamicValue::Normal;
@@ -155,18 +245,19 @@ AttributeListSimpleItem& PropertyListItem::GetVisibleAttributeListItem ()
             return placeholderItem;
         }
     }
+    PropertyResourceCache& resources = PropertyResourceCache::Get ();
     switch (calculationState) {
         case Calculable:
-            ConfigurePlaceHolderItem (GetResourceString (PlaceholderStringsResId, NotCalculatedIndex), GetResourceIcon (CalculateIconResId));
+            ConfigurePlaceHolderItem (resources.GetPlaceholderText (NotCalculatedIndex), resources.GetCalculateIcon ());
             return placeholderItem;
         case CalculationFailed:
-            ConfigurePlaceHolderItem (GetResourceString (PlaceholderStringsResId, CalculationFailedIndex), Wg::Icon ());
+            ConfigurePlaceHolderItem (resources.GetPlaceholderText (CalculationFailedIndex), Wg::Icon ());
             return placeholderItem;
         case CalculationDisabled:
-            ConfigurePlaceHolderItem (GetResourceString (PlaceholderStringsResId, NotCalculatedIndex), Wg::Icon ());
+            ConfigurePlaceHolderItem (resources.GetPlaceholderText (NotCalculatedIndex), Wg::Icon ());
             return placeholderItem;
         case CalculationDisabledNotAvailable:
-            ConfigurePlaceHolderItem (GetResourceString (PlaceholderStringsResId, NotAvailableIndex), Wg::Icon ());
+            ConfigurePlaceHolderItem (resources.GetPlaceholderText (NotAvailableIndex), Wg::Icon ());
             return placeholderItem;
         case Calculated: break;
     }
@@ -228,43 +319,17 @@ bool PropertyListItem::HoldsUserUndefinedCustomValue () const
 
 void PropertyListItem::FillHasCustomValuePopupItems ()
 {
-    const PopupTextTables& tables = GetPopupTextTables ();
-    Kor::Array<AttributeListItem::PopupItem> entries;
-
-    AttributeListItem::PopupItem defaultEntry;
-    defaultEntry.SetIcon (GetResourceIcon (DefaultEntryIconResId));
-    Kor::UniString defaultText = GetResourceString (PopupStringsResId, DefaultEntryTemplateIndex);
-    const int typeIndex = defaultValueType >= 0 && defaultValueType < static_cast<int> (tables.defaultTypeString.size ())
-                              ? tables.defaultTypeString[static_cast<std::size_t> (defaultValueType)]
-                              : tables.defaultTypeString[0];
-    defaultText.ReplaceFirst (DefaultValueTypeKey, GetResourceString (PopupStringsResId, typeIndex));
-    defaultEntry.SetText (defaultText);
-    defaultEntryIndex = static_cast<std::int32_t> (entries.GetSize ());
-    entries.Push (defaultEntry);
-
-    AttributeListItem::PopupItem separator;
-    separator.SetIsSeparator (true);
-    entries.Push (separator);
-
     const bool undefinedCustom = HoldsUserUndefinedCustomValue ();
-    AttributeListItem::PopupItem customEntry;
-    customEntry.SetIcon (GetResourceIcon (CustomEntryIconResId));
-    Kor::UniString customText = GetResourceString (PopupStringsResId, CustomEntryTemplateIndex);
-    customText.ReplaceFirst (CustomValueTypeKey,
-                             GetResourceString (PopupStringsResId, undefinedCustom ? tables.customUndefinedString : tables.customNormalString));
-    customEntry.SetText (customText);
-    customEntry.SetUserData (Kor::NewRef<VariantStatusWrapper> (Kor::DynamicValue::Normal));
-    customEntryIndex = static_cast<std::int32_t> (entries.GetSize ());
-    entries.Push (customEntry);
-
-    AttributeListItem::PopupItem statusEntry;
-    statusEntry.SetText (GetResourceString (PopupStringsResId, undefinedCustom ? tables.offerNormalString : tables.offerUndefinedString));
-    statusEntry.SetUserData (
-        Kor::NewRef<VariantStatusWrapper> (undefinedCustom ? Kor::DynamicValue::Normal : Kor::DynamicValue::UserUndefined));
-    statusEntryIndex = static_cast<std::int32_t> (entries.GetSize ());
-    entries.Push (statusEntry);
-
+    PropertyResourceCache& resources = PropertyResourceCache::Get ();
+    const Kor::Array<AttributeListItem::PopupItem>& entries = resources.GetPopupEntries (defaultValueType, undefinedCustom);
+    defaultEntryIndex = DefaultEntryPosition;
+    customEntryIndex = CustomEntryPosition;
+    statusEntryIndex = StatusEntryPosition;
+    // The items hold these entries already when the same kind of popup was set last time.
+    if (appliedPopup == &entries && appliedPopupGeneration == resources.GetGeneration ()) return;
     ForAllPossibleAttributeListItems ([&entries] (AttributeListSimpleItem& item) { item.SetIconColumnPopupItems (entries); });
+    appliedPopup = &entries;
+    appliedPopupGeneration = resources.GetGeneration ();
 }
 
 void PropertyListItem::UpdateListItemHasCustomValuePopupIndex ()

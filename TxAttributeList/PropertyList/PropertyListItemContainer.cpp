@@ -70,6 +70,8 @@ void PropertyListItemContainer::InitializePropertyListItems ()
     AttributeListGroupItem*                 currentGroup = nullptr;
 
     const Kor::Array<Kor::Ref<IUserDefinedPropertyHandler>> handlers = collector.CollectUserDefinedPropertyHandlers ();
+    propertyItems.reserve (handlers.GetSize ());
+    propertyGuids.reserve (handlers.GetSize ());
     for (const Kor::Ref<IUserDefinedPropertyHandler>& handler : handlers) {
         const Kor::ConstSharedPtr<Property::PropertyDefinition> definition = handler->GetPropertyDefinition ();
         const Property::PropertyDefinitionGroup&                group = *definition->GetGroup ();

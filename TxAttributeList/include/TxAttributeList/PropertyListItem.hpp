@@ -177,6 +177,9 @@ private:
     Kor::Ref<PropertyListItemValueGetter>                 valueGetter;
     ItemChangedCallback                                   itemChangedCallback;
     Kor::Owner<PropertyAttributeListItemObserver>         attributeItemObserver;
+    // The shared popup entries the possible items were given last (they are not copied again).
+    const Kor::Array<AttributeListItem::PopupItem>*        appliedPopup = nullptr;
+    std::uint64_t                                          appliedPopupGeneration = 0;
 };
 
 }   // namespace TxAL

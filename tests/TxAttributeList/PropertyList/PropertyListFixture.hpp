@@ -57,11 +57,19 @@ inline Kor::ConstSharedPtr<Property::PropertyDefinitionGroup> MakeGroup (const c
                                                                       std::string (name) + " description");
 }
 
+// What a test definition is: a name, its types and optionally its group and descriptor.
 struct DefinitionSpec {
-    const char*                                            name = "P";
-    PropertyValueType                                      valueType = PropertyValueType::Real;
-    MeasureType                                            measure = MeasureType::Number;
-    PropertyCollectionType                                 collection = PropertyCollectionType::Single;
+    DefinitionSpec (const char* name = "P", PropertyValueType valueType = PropertyValueType::Real, MeasureType measure = MeasureType::Number,
+                    PropertyCollectionType collection = PropertyCollectionType::Single,
+                    Kor::ConstSharedPtr<Property::PropertyDefinitionGroup> group = {}, Kor::ConstSharedPtr<Property::IValueDescriptor> descriptor = {})
+        : name (name), valueType (valueType), measure (measure), collection (collection), group (std::move (group)), descriptor (std::move (descriptor))
+    {
+    }
+
+    const char*                                            name;
+    PropertyValueType                                      valueType;
+    MeasureType                                            measure;
+    PropertyCollectionType                                 collection;
     Kor::ConstSharedPtr<Property::PropertyDefinitionGroup> group;
     Kor::ConstSharedPtr<Property::IValueDescriptor>        descriptor;
 };
