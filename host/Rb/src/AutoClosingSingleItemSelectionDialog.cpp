@@ -65,6 +65,7 @@ void AutoClosingSingleItemSelectionDialog::SetSortOrder (ItemSortOrder order)
 
 bool AutoClosingSingleItemSelectionDialog::Invoke ()
 {
+    if (HasEnded ()) return false;
     picked = false;
     Wg::RunModal (*this);
     return picked;

@@ -80,6 +80,7 @@ public:
     void SetSortOrder (ItemSortOrder order);
 
     // Runs the dialog through the installed modal runner; returns whether an entry was picked.
+    // A dialog runs once: a later call returns false at once.
     bool Invoke ();
     bool WasPicked () const { return picked; }
 
