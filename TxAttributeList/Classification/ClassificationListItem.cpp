@@ -97,7 +97,7 @@ void ClassificationListItem::UpdateUserInteface ()
 void ClassificationListItem::ButtonClicked (const AttributeListIconButtonItem&)
 {
     Wg::ButtonItem* button = row->GetIconButton ();
-    if (button == nullptr) return;
+    if (button == nullptr || editableStatus != Editable) return;
 
     Kor::LifeWatch alive {this};
     selectorPopup.Invoke (*button);
@@ -112,6 +112,9 @@ void ClassificationListItem::ButtonClicked (const AttributeListIconButtonItem&)
 
 void ClassificationListItem::IconColumnClicked (const AttributeListItem&)
 {
+    // The list reports icon-column clicks on greyed rows too; a classification that the host
+    // does not let edit must not change by them.
+    if (editableStatus != Editable) return;
     itemData.SwitchAssociatedWithElemFlag ();
     UpdateUserInteface ();
     ElementClassificationChanged ();
