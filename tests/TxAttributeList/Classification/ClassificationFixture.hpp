@@ -26,6 +26,14 @@ using SystemRef = ODB::ConstRef<CLS::ClassificationSystem>;
 using Getter = TxAL::ClassificationItemSelectorPopup::IClassificationVisibilityGetter;
 using Dialog = Rb::AutoClosingSingleItemSelectionDialog;
 
+// The texts of a dialog's rows, joined by ", ".
+inline std::string RbTestRows (const Rb::AutoClosingSingleItemSelectionDialog& dialog)
+{
+    std::string out;
+    for (const auto& row : dialog.GetRows ()) out += (out.empty () ? "" : ", ") + row.text.ToUtf8 ();
+    return out;
+}
+
 inline std::string Code (const ItemRef& item) { return item.IsNull () ? "none" : item->GetCode ().ToUtf8 (); }
 
 // Hides the items whose codes it holds, while enabled.
