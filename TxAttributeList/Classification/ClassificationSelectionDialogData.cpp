@@ -61,9 +61,18 @@ ODB::ConstRef<CLS::IClassificationItem> ClassificationSelectionDialogData::GetIt
 
 Kor::UniString ClassificationSelectionDialogData::GetItemTreeViewText (Rb::ItemIndex index) const
 {
-    const ODB::ConstRef<CLS::IClassificationItem>* item = indexToItem.GetPtr (index);
-    if (item == nullptr) return {};
-    return CLS::ClassificationHierarchyConflictManager::GetItemDecoratedDisplayName (*item);
+    if (!IsValidIndex (index)) return {};
+    const auto at = static_cast<std::size_t> (index);
+    if (treeViewTexts.size () != GetItemCount ()) {
+        treeViewTexts.assign (GetItemCount (), Kor::UniString ());
+        treeViewTextKnown.assign (GetItemCount (), false);
+    }
+    if (!treeViewTextKnown[at]) {
+        const ODB::ConstRef<CLS::IClassificationItem>* item = indexToItem.GetPtr (index);
+        if (item != nullptr) treeViewTexts[at] = CLS::ClassificationHierarchyConflictManager::GetItemDecoratedDisplayName (*item);
+        treeViewTextKnown[at] = true;
+    }
+    return treeViewTexts[at];
 }
 
 Kor::UniString ClassificationSelectionDialogData::GetItemListBoxTextByColumn (short /*column*/, Rb::ItemIndex index) const

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "CLS/ClassificationItem.hpp"
 #include "CLS/ClassificationSystem.hpp"
@@ -101,6 +102,10 @@ public:
 private:
     Kor::HashTable<Rb::ItemIndex, ODB::ConstRef<CLS::IClassificationItem>> indexToItem;
     Kor::HashSet<ODB::ConstRef<CLS::IClassificationItem>>                  hiddenItems;
+    // The decorated names by index, made on first use: the search and the rows ask for them on
+    // every keystroke.
+    mutable std::vector<Kor::UniString> treeViewTexts;
+    mutable std::vector<bool>           treeViewTextKnown;
 };
 
 // The flat result list of the selector: each result's path shows its ancestors' codes, which

@@ -135,12 +135,13 @@ void AutoClosingSingleItemSelectionDialog::FillResultList ()
     Wg::ListBox& list = *resultList;
     list.DeleteAllItems ();
     if (!IsShowingResults () || behaviour.IsNull ()) return;
-    for (const SearchResult& result : data.GetSearchResults ()) {
+    // The rows hold what the behaviour said of each result already.
+    for (const Row& result : rows) {
         const short row = list.AppendItem ();
         if (row == Wg::ListBox::NoRow) break;   // the list box is full; the rows still hold every result
         list.SetTabItemText (row, ResultTextColumn, behaviour->GetResultText (data, result.index));
-        list.SetTabItemIcon (row, ResultTextColumn, behaviour->GetResultIcon (data, result.index));
-        list.SetTabItemText (row, ResultPathColumn, behaviour->GetResultPath (data, result.index));
+        list.SetTabItemIcon (row, ResultTextColumn, result.icon);
+        list.SetTabItemText (row, ResultPathColumn, result.path);
     }
 }
 
