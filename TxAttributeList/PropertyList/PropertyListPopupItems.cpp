@@ -1,6 +1,6 @@
 #include "Kor/LifeWatch.hpp"
 #include "PropertyList/DisplayRules.hpp"
-#include "Rb/ResourceIcons.hpp"
+#include "Rb/RbResources.hpp"
 #include "TxAttributeList/PropertyListItems.hpp"
 #include "Wg/Controls.hpp"
 
@@ -63,7 +63,7 @@ Kor::Owner<Kor::DynamicValue> CreateVariantFromMultipleChoiceData (const Propert
 
 PropertyListMultiEnumerationPopupItem::PropertyListMultiEnumerationPopupItem (Kor::ConstSharedPtr<Property::EnumerationValueDescriptor> source)
     : descriptor (std::move (source)),
-      valueItem ({}, Wg::Icon (), {}, {}, Rb::GetResourceIcon (Rb::InformationIconResId), ItemStatus, ItemBoldText)
+      valueItem ({}, Wg::Icon (), {}, {}, Rb::GetResourceIcon (Rb::InformationIconId), ItemStatus, ItemBoldText)
 {
     valueItem.Attach (static_cast<AttributeListIconButtonItemObserver&> (*this));
 }
@@ -113,7 +113,7 @@ void PropertyListMultiEnumerationPopupItemValueUpdater::SelectionChanged (const 
 // --- String list ---
 
 PropertyListStringListPopupItem::PropertyListStringListPopupItem ()
-    : valueItem ({}, Wg::Icon (), {}, {}, Rb::GetResourceIcon (Rb::InformationIconResId), ItemStatus, ItemBoldText)
+    : valueItem ({}, Wg::Icon (), {}, {}, Rb::GetResourceIcon (Rb::InformationIconId), ItemStatus, ItemBoldText)
 {
     valueItem.Attach (static_cast<AttributeListIconButtonItemObserver&> (*this));
 }

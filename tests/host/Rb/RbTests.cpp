@@ -52,7 +52,7 @@ TEST_F (ListBoxHelpersTest, SectionHeaderColourIsOneLightTone)
 
 #include "Rb/MultiLineEdit.hpp"
 #include "Rb/MultipleChoice.hpp"
-#include "Rb/ResourceIcons.hpp"
+#include "Rb/RbResources.hpp"
 
 namespace {
 
@@ -133,7 +133,7 @@ TEST_F (RbPopupTest, MultiLineEditReportsTextChangesAndForgetsTheAnchorThatDies)
 
 TEST (RbResourceTest, TheInformationIconExists)
 {
-    const Wg::Icon icon = Rb::GetResourceIcon (Rb::InformationIconResId);
+    const Wg::Icon icon = Rb::GetResourceIcon (Rb::InformationIconId);
     EXPECT_TRUE (icon.IsValid ());
     EXPECT_EQ (Wg::GetIconSize (icon), Gfx::Size (16, 16));
     EXPECT_TRUE (Rb::GetResourceIcon (18).IsEmpty ());
