@@ -1,8 +1,10 @@
 #pragma once
 // ODB::ConstRef<T> and ODB::Ref<T>: references to objects of the object database. A reference
-// may refer to nothing; using an empty one throws Kor's NullReferenceException ("Null
-// reference."). Two references are equal when they name the same object, so they serve as keys
-// of hash sets and maps. Copies share the object.
+// may refer to nothing; before its object is used it is loaded (Load), which fails cleanly,
+// returning false, for an empty reference. Using an empty reference throws Kor's
+// NullReferenceException ("Null reference."). Two references are equal when they name the same
+// object, so they serve as keys of hash sets and maps. Copies share the object and start
+// unloaded, so each user loads what it uses.
 
 #include <cstddef>
 #include <functional>
@@ -38,6 +40,14 @@ class ConstRef {
 public:
     ConstRef () = default;
     ConstRef (std::nullptr_t) {}
+    explicit ConstRef (std::shared_ptr<const T> shared) : ptr (std::move (shared)) {}
+    ConstRef (const ConstRef& other) : ptr (other.ptr) {}
+    ConstRef& operator= (const ConstRef& other)
+    {
+        ptr = other.ptr;
+        loaded = false;
+        return *this;
+    }
     template <typename U, typename = std::enable_if_t<std::is_convertible_v<const U*, const T*>>>
     ConstRef (const ConstRef<U>& other) : ptr (other.GetShared ()) {}
     template <typename U, typename = std::enable_if_t<std::is_convertible_v<const U*, const T*>>>
@@ -53,7 +63,19 @@ public:
     bool IsNull () const { return ptr == nullptr; }
     bool IsEmpty () const { return ptr == nullptr; }
     explicit operator bool () const { return ptr != nullptr; }
-    void Clear () { ptr.reset (); }
+    void Clear ()
+    {
+        ptr.reset ();
+        loaded = false;
+    }
+
+    // Makes the object ready for use; false, with nothing loaded, for an empty reference.
+    bool Load () const
+    {
+        loaded = ptr != nullptr;
+        return loaded;
+    }
+    bool IsLoaded () const { return loaded; }
 
     // Null when empty.
     const T* Get () const { return ptr.get (); }
@@ -79,6 +101,7 @@ private:
     }
 
     std::shared_ptr<const T> ptr;
+    mutable bool             loaded = false;
 };
 
 // A reference through which the object can be changed.
@@ -87,6 +110,14 @@ class Ref {
 public:
     Ref () = default;
     Ref (std::nullptr_t) {}
+    explicit Ref (std::shared_ptr<T> shared) : ptr (std::move (shared)) {}
+    Ref (const Ref& other) : ptr (other.ptr) {}
+    Ref& operator= (const Ref& other)
+    {
+        ptr = other.ptr;
+        loaded = false;
+        return *this;
+    }
     template <typename U, typename = std::enable_if_t<std::is_convertible_v<U*, T*>>>
     Ref (const Ref<U>& other) : ptr (other.GetShared ()) {}
 
@@ -100,6 +131,14 @@ public:
     bool IsNull () const { return ptr == nullptr; }
     bool IsEmpty () const { return ptr == nullptr; }
     explicit operator bool () const { return ptr != nullptr; }
+
+    // Makes the object ready for use; false, with nothing loaded, for an empty reference.
+    bool Load () const
+    {
+        loaded = ptr != nullptr;
+        return loaded;
+    }
+    bool IsLoaded () const { return loaded; }
 
     T* Get () const { return ptr.get (); }
     T* operator-> () const { return &Deref (); }
@@ -120,12 +159,20 @@ private:
     }
 
     std::shared_ptr<T> ptr;
+    mutable bool       loaded = false;
 };
 
 template <typename T, typename... Args>
 Ref<T> NewRef (Args&&... args)
 {
     return Ref<T>::FromShared (std::make_shared<T> (std::forward<Args> (args)...));
+}
+
+// A new object behind a fresh reference.
+template <typename T, typename... Args>
+Ref<T> NewObject (Args&&... args)
+{
+    return NewRef<T> (std::forward<Args> (args)...);
 }
 
 }   // namespace ODB
