@@ -18,14 +18,18 @@ constexpr int PaletteWidth = 460;
 constexpr int PaletteHeight = 620;
 constexpr int ElementListWidth = 230;
 constexpr short PalettePanelId = 1;
+constexpr short ClassificationPanelId = 2;
+constexpr int ClassificationHeight = 130;
 
 }   // namespace
 
 MainWindow::MainWindow (BuildingModel& model)
-    : model (model), panel (Wg::Rect (0, 0, PaletteWidth, PaletteHeight), PalettePanelId, Kor::UniString ("Settings"))
+    : model (model), panel (Wg::Rect (0, 0, PaletteWidth, PaletteHeight), PalettePanelId, Kor::UniString ("Settings")),
+      classificationPanel (Wg::Rect (0, 0, PaletteWidth, ClassificationHeight), ClassificationPanelId, Kor::UniString ("Classifications"))
 {
     setWindowTitle ("TxAttributeList demo: element settings");
     palette = std::make_unique<SettingsPalette> (panel, model);
+    classifications = std::make_unique<ElementClassifications> (classificationPanel, model);
 
     auto* splitter = new QSplitter (this);
     elements = new QTreeWidget (splitter);
@@ -41,10 +45,16 @@ MainWindow::MainWindow (BuildingModel& model)
         for (int column = 0; column < 2; ++column) row->setToolTip (column, QString::fromStdString (element.GetKind ()));
     }
     elements->resizeColumnToContents (0);
-    TxalQt::PanelView* view = TxalQt::Backend::AttachPanel (panel, splitter);
+    auto* right = new QSplitter (Qt::Vertical, splitter);
+    TxalQt::PanelView* view = TxalQt::Backend::AttachPanel (panel, right);
     view->setMinimumWidth (360);
+    TxalQt::PanelView* classificationView = TxalQt::Backend::AttachPanel (classificationPanel, right);
+    right->addWidget (view);
+    right->addWidget (classificationView);
+    right->setSizes ({PaletteHeight - ClassificationHeight, ClassificationHeight});
+    right->setStretchFactor (0, 1);
     splitter->addWidget (elements);
-    splitter->addWidget (view);
+    splitter->addWidget (right);
     splitter->setSizes ({ElementListWidth, PaletteWidth});
     splitter->setStretchFactor (1, 1);
     setCentralWidget (splitter);
@@ -63,15 +73,19 @@ MainWindow::MainWindow (BuildingModel& model)
     connect (imperialAction, &QAction::triggered, this, [this] { ChooseUnits (false); });
 
     connect (elements, &QTreeWidget::currentItemChanged, this, [this] (QTreeWidgetItem* current) {
-        if (current != nullptr) palette->ShowElement (current->data (0, Qt::UserRole).toString ().toStdString ());
+        if (current == nullptr) return;
+        palette->ShowElement (current->data (0, Qt::UserRole).toString ().toStdString ());
+        classifications->ShowElement (palette->GetElementId ());
     });
     if (elements->topLevelItemCount () > 0) elements->setCurrentItem (elements->topLevelItem (0));
     panel.Open ();
+    classificationPanel.Open ();
 }
 
 MainWindow::~MainWindow ()
 {
-    // The palette's list and controls go before the panel and its view.
+    // The lists and their controls go before the panels and their views.
+    classifications.reset ();
     palette.reset ();
 }
 
@@ -85,6 +99,7 @@ void MainWindow::ShowElement (const std::string& id)
         }
     }
     if (palette->GetElementId () != id) palette->ShowElement (id);
+    classifications->ShowElement (palette->GetElementId ());
 }
 
 void MainWindow::ShowUnits (bool metric)

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "BuildingModel.hpp"
+#include "ElementClassifications.hpp"
 #include "SettingsPalette.hpp"
 #include "Wg/Panel.hpp"
 
@@ -22,6 +23,7 @@ public:
     ~MainWindow () override;
 
     SettingsPalette& GetPalette () { return *palette; }
+    ElementClassifications& GetClassifications () { return *classifications; }
     // Shows the element in the list and the palette.
     void ShowElement (const std::string& id);
     // Checks the menu entry of the units (the palette follows by itself).
@@ -35,6 +37,8 @@ private:
     BuildingModel&                   model;
     Wg::Panel                        panel;
     std::unique_ptr<SettingsPalette> palette;
+    Wg::Panel                        classificationPanel;
+    std::unique_ptr<ElementClassifications> classifications;
     QTreeWidget*                     elements = nullptr;
     QAction*                         metricAction = nullptr;
     QAction*                         imperialAction = nullptr;

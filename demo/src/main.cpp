@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QProcess>
 #include <cstdio>
 #include <cstdlib>
@@ -21,6 +22,7 @@
 #include <vector>
 
 #include "BuildingModel.hpp"
+#include "ClassificationScreenshots.hpp"
 #include "DemoScript.hpp"
 #include "MainWindow.hpp"
 #include "TxAttributeList/Version.hpp"
@@ -186,6 +188,11 @@ int main (int argc, char** argv)
             }
             pages.Run ("element W-01\nunits imperial\nclick Thickness\n", "pages");
             screenshot ("palette-W-01-imperial");
+            pages.Run ("units metric\n", "pages");
+            Demo::SaveClassificationScreenshots (window, [&] (const std::string& name, const QImage& image) {
+                const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
+                if (!image.save (file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());
+            });
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
         if (options.scale.empty ()) {

@@ -13,6 +13,8 @@
 #include "IconCache.hpp"
 #include "InputScope.hpp"
 #include "PickerPopup.hpp"
+#include "Rb/AutoClosingSingleItemSelectionDialog.hpp"
+#include "TxalQt/ItemSelectionPopup.hpp"
 #include "Pk/PickerSession.hpp"
 #include "Strings.hpp"
 #include "Theme.hpp"
@@ -153,6 +155,11 @@ void QtModalRunner::Run (Wg::ModalSession& session)
             break;
         }
         case Wg::ModalSession::Kind::Dialog:
+            if (auto* selection = dynamic_cast<Rb::AutoClosingSingleItemSelectionDialog*> (&session)) {
+                QWidget* anchor = FindItemWidget (session.GetAnchor ());
+                ItemSelectionPopup popup (*selection, anchor);
+                popup.Exec (PopupPosition (anchor));
+            }
             break;
     }
     Finish (session, 0);

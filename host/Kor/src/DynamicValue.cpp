@@ -131,4 +131,33 @@ UniString StringListValue::PayloadToText (const DynamicValueConversionRules& rul
     return text;
 }
 
+void StringListValue::SetFromText (const UniString& text)
+{
+    value.Clear ();
+    const std::u16string& chars = text.GetUtf16 ();
+    std::size_t           begin = 0;
+    auto addLine = [&] (std::size_t end) {
+        UniString line = UniString (chars.substr (begin, end - begin)).Trimmed ();
+        if (!line.IsEmpty ()) value.Push (line);
+    };
+    for (std::size_t i = 0; i < chars.size (); ++i) {
+        if (chars[i] != u'\n' && chars[i] != u'\r') continue;
+        addLine (i);
+        if (chars[i] == u'\r' && i + 1 < chars.size () && chars[i + 1] == u'\n') ++i;
+        begin = i + 1;
+    }
+    if (begin < chars.size ()) addLine (chars.size ());
+    SetStatus (Normal);
+}
+
+UniString StringListValue::ToText () const
+{
+    UniString text;
+    for (std::size_t i = 0; i < value.GetSize (); ++i) {
+        if (i > 0) text += u'\n';
+        text += value[i];
+    }
+    return text;
+}
+
 }   // namespace Kor

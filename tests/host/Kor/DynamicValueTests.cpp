@@ -45,3 +45,14 @@ TEST (DynamicValueTest, DisplayTextFollowsRules)
     EXPECT_EQ (StringValue ("x", DynamicValue::UserUndefined).ToDisplayText (), "Undefined");
     EXPECT_EQ (StringListValue ({"a", "b"}).ToDisplayText (), "a; b");
 }
+
+TEST (DynamicValueTest, StringListsReadOneEntryPerLine)
+{
+    StringListValue list ({}, DynamicValue::Undefined);
+    list.SetFromText (" wall \r\n\r\nslab\rroof\n");
+    EXPECT_EQ (list.ToDisplayText (), "wall; slab; roof");
+    EXPECT_EQ (list.GetStatus (), DynamicValue::Normal);
+    EXPECT_EQ (list.ToText (), "wall\nslab\nroof");
+    list.SetFromText ("");
+    EXPECT_TRUE (list.GetValue ().IsEmpty ());
+}

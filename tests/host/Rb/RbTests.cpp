@@ -45,3 +45,98 @@ TEST_F (ListBoxHelpersTest, SectionHeaderColourIsOneLightTone)
 }
 
 }   // namespace
+
+// --- Popups ---
+
+#include <string>
+
+#include "Rb/MultiLineEdit.hpp"
+#include "Rb/MultipleChoice.hpp"
+#include "Rb/RbResources.hpp"
+
+namespace {
+
+// Counts notifications and dumps the ticks: "x.x" for ticked, unticked, ticked.
+class ChoiceLog : public Rb::MultipleChoiceDataObserver, public Rb::MultiLineEditPopUpDialogObserver {
+public:
+    void SelectionChanged (const Rb::MultipleChoiceData& data) override
+    {
+        log += "[";
+        for (bool on : data.GetSelection ()) log += on ? "x" : ".";
+        log += "]";
+    }
+    void TextChanged (const Rb::MultiLineEditPopUpDialog& dialog) override { log += "<" + dialog.GetText ().ToUtf8 () + ">"; }
+    std::string log;
+};
+
+class RbPopupTest : public ::testing::Test {
+protected:
+    RbPopupTest () { Runner ().ClearScript (); }
+    ~RbPopupTest () override { Runner ().ClearScript (); }
+    static Wg::ScriptedModalRunner& Runner () { return Wg::GetHeadlessModalRunner (); }
+
+    Wg::Panel panel {Wg::Rect (0, 0, 400, 300)};
+    ChoiceLog log;
+};
+
+TEST_F (RbPopupTest, ChecklistTicksNotifyEachChangeAndCancelRestores)
+{
+    Rb::MultipleChoiceData data;
+    data.AddItem ("New", false);
+    data.AddItem ("Existing", true);
+    data.Attach (log);
+    Wg::ListBox anchor (panel, Wg::Rect (0, 0, 10, 10));
+    Rb::MultipleChoicePopUpDialog dialog (data, &anchor);
+    EXPECT_EQ (dialog.GetEntries ().size (), 2u);
+    EXPECT_TRUE (dialog.GetEntries ()[1].checked);
+    Rb::MultipleChoiceDataChanges changes (data);
+    for (const Wg::ModalStep& step : {Wg::ModalStep::MakeTick (1, true), Wg::ModalStep::MakeTick (1, true), Wg::ModalStep::MakeTick (9, true),
+                                      Wg::ModalStep::MakeTick (2, false), Wg::ModalStep::MakeCancel ()})
+        Runner ().Queue (step);
+    dialog.Invoke ();
+    EXPECT_EQ (log.log, "[xx][x.][.x]") << "a tick that changes nothing is silent; cancel restores in one change";
+    EXPECT_FALSE (changes.HasSelectionChanged ());
+    EXPECT_FALSE (dialog.WasAccepted ());
+    EXPECT_EQ (dialog.GetAnchor (), &anchor);
+}
+
+TEST_F (RbPopupTest, ChecklistAcceptKeepsTheTicks)
+{
+    Rb::MultipleChoiceData data;
+    data.AddItem ("New", false);
+    Rb::MultipleChoicePopUpDialog dialog (data, nullptr);
+    Rb::MultipleChoiceDataChanges changes (data);
+    Runner ().Queue (Wg::ModalStep::MakeTick (1, true));
+    Runner ().Queue (Wg::ModalStep::MakeAccept ());
+    dialog.Invoke ();
+    EXPECT_TRUE (changes.HasSelectionChanged ());
+    EXPECT_TRUE (data.IsItemSelected (0));
+    EXPECT_TRUE (dialog.WasAccepted ());
+}
+
+TEST_F (RbPopupTest, MultiLineEditReportsTextChangesAndForgetsTheAnchorThatDies)
+{
+    auto anchor = std::make_unique<Wg::ListBox> (panel, Wg::Rect (0, 0, 10, 10));
+    Rb::MultiLineEditPopUpDialog dialog ("a", anchor.get (), 200, 150);
+    dialog.Attach (log);
+    Rb::MultiLineEditPopUpDialogChanges changes (dialog);
+    Runner ().Queue (Wg::ModalStep::MakeType ("a\nb"));
+    Runner ().Queue (Wg::ModalStep::MakeType ("a\nb"));
+    Runner ().Queue (Wg::ModalStep::MakeAccept ());
+    dialog.Invoke ();
+    EXPECT_EQ (log.log, "<a\nb>");
+    EXPECT_TRUE (changes.HasTextChanged ());
+    EXPECT_EQ (dialog.GetWidth () * 1000 + dialog.GetHeight (), 200150);
+    anchor.reset ();
+    EXPECT_EQ (dialog.GetAnchor (), nullptr);
+}
+
+TEST (RbResourceTest, TheInformationIconExists)
+{
+    const Wg::Icon icon = Rb::GetResourceIcon (Rb::InformationIconId);
+    EXPECT_TRUE (icon.IsValid ());
+    EXPECT_EQ (Wg::GetIconSize (icon), Gfx::Size (16, 16));
+    EXPECT_TRUE (Rb::GetResourceIcon (18).IsEmpty ());
+}
+
+}   // namespace

@@ -162,6 +162,12 @@ public:
     void                    SetValue (const Array<UniString>& newValue) { value = newValue; }
     Owner<DynamicValue> Clone () const override { return NewOwner<StringListValue> (*this); }
 
+    // Text conversion as a user edits the list: one entry per line (LF, CR LF or CR); blanks
+    // around an entry are dropped and empty lines skipped. The value becomes normal.
+    void      SetFromText (const UniString& text);
+    // The entries, one per line (LF), as SetFromText reads them back.
+    UniString ToText () const;
+
 protected:
     bool      PayloadEquals (const DynamicValue& other) const override;
     UniString PayloadToText (const DynamicValueConversionRules& rules) const override;

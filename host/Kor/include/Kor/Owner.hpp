@@ -67,6 +67,7 @@ public:
     const T* Get () const { return ptr.get (); }
     bool     IsNull () const { return ptr == nullptr; }
     explicit operator bool () const { return ptr != nullptr; }
+    const std::shared_ptr<const T>& GetShared () const { return ptr; }
 
 private:
     const T& Deref () const
