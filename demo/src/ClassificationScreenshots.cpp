@@ -5,6 +5,8 @@
 
 #include "MainWindow.hpp"
 #include "Rb/AutoClosingSingleItemSelectionDialog.hpp"
+#include "TxAttributeList/SimpleValueItems.hpp"
+#include "Wg/ListBox.hpp"
 #include "TxalQt/Backend.hpp"
 #include "TxalQt/ItemSelectionPopup.hpp"
 #include "Wg/Controls.hpp"
@@ -39,13 +41,19 @@ private:
     std::function<void (const QImage&)> take;
 };
 
-// Presses the button of the element's first classification row with the runner installed.
+// Presses the button of the element's first classification row (on the dialog's classifications
+// and properties tab) with the runner installed.
 void OpenSelector (MainWindow& window, PictureRunner& runner)
 {
-    auto& rows = window.GetClassifications ().GetList ().GetItems ();
-    if (rows.IsEmpty ()) return;
-    rows[0]->Select ();
-    Wg::ButtonItem* button = const_cast<TxAL::AttributeListIconButtonItem&> (rows[0]->GetRow ()).GetIconButton ();
+    PropertiesPage* page = window.GetDialog ().GetPropertiesPage ();
+    if (page == nullptr) return;
+    Wg::ListBox& listBox = page->GetClassificationAttributeList ().GetListBox ();
+    TxAL::AttributeListIconButtonItem* row = nullptr;
+    for (short candidate = 1; candidate <= listBox.GetItemCount () && row == nullptr; ++candidate) {
+        row = dynamic_cast<TxAL::AttributeListIconButtonItem*> (static_cast<TxAL::AttributeListItem*> (listBox.GetItemValue (candidate)));
+        if (row != nullptr) listBox.UserSelect (candidate);
+    }
+    Wg::ButtonItem* button = row != nullptr ? row->GetIconButton () : nullptr;
     if (button == nullptr) return;
     Wg::ModalRunner* previous = Wg::SetModalRunner (&runner);
     button->UserPress ();
@@ -64,6 +72,7 @@ void SaveClassificationScreenshots (MainWindow& window, const std::function<void
     // A door: wall classes are hidden and the popup says so. A wall: the search finds its kind.
     for (const Shot& shot : {Shot {"D-01", "door", "classification-search-D-01"}, Shot {"W-01", "wall con", "classification-search-W-01"}}) {
         window.ShowElement (shot.element);
+        window.GetDialog ().GetTabControl ().UserSelectTab (ElementSettingsDialog::PropertiesTab);
         QApplication::processEvents ();
         save (std::string ("classifications-") + shot.element, TxalQt::Backend::Grab (window));
         PictureRunner runner (QString::fromUtf8 (shot.search), [&] (const QImage& image) { save (shot.name, image); });

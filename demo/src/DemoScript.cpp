@@ -1,5 +1,6 @@
 #include "DemoScript.hpp"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -88,29 +89,29 @@ short ColumnByName (const TxAL::AttributeList& list, const std::string& name)
     throw std::invalid_argument ("unknown column \"" + name + "\"");
 }
 
-std::string CellText (SettingsPalette& palette, short row, short column)
+std::string CellText (const ScriptTarget& target, short row, short column)
 {
-    TxAL::AttributeList& list = palette.GetList ();
+    TxAL::AttributeList& list = target.list;
     const Wg::ListBox& listBox = list.GetListBox ();
-    const Kor::UniString at = TxAL::AttributeList::GetDrawnTextContentForKorAT (palette.GetPanel ().GetId (), listBox.GetId (), row, column);
+    const Kor::UniString at = TxAL::AttributeList::GetDrawnTextContentForKorAT (target.panel.GetId (), listBox.GetId (), row, column);
     return (at.IsEmpty () ? listBox.GetTabItemText (row, column) : at).ToUtf8 ();
 }
 
-short FindRow (SettingsPalette& palette, const std::string& label)
+short FindRow (const ScriptTarget& target, const std::string& label)
 {
-    TxAL::AttributeList& list = palette.GetList ();
+    TxAL::AttributeList& list = target.list;
     const short labelColumn = list.GetAttributeTypeColumnIndex ();
     for (short row = 1; row <= list.GetListBox ().GetItemCount (); ++row)
-        if (CellText (palette, row, labelColumn) == label) return row;
+        if (CellText (target, row, labelColumn) == label) return row;
     throw std::invalid_argument ("no row labelled \"" + label + "\"");
 }
 
-Wg::Point ClickPoint (SettingsPalette& palette, short column, const std::vector<std::string>& words, std::size_t offsetWord)
+Wg::Point ClickPoint (const ScriptTarget& target, short column, const std::vector<std::string>& words, std::size_t offsetWord)
 {
-    const Wg::ListBox& listBox = palette.GetList ().GetListBox ();
+    const Wg::ListBox& listBox = target.list.GetListBox ();
     const int begin = listBox.GetTabFieldBeginPosition (column);
     const int end = listBox.GetTabFieldEndPosition (column);
-    int dx = column == palette.GetList ().GetCheckColumnIndex () ? (end - begin) / 2 : DefaultClickOffset;
+    int dx = column == target.list.GetCheckColumnIndex () ? (end - begin) / 2 : DefaultClickOffset;
     if (words.size () > offsetWord) dx = std::stoi (words[offsetWord]);
     return Wg::Point (begin + dx, listBox.GetItemHeight () / 2);
 }
@@ -144,14 +145,14 @@ Wg::Key::Code KeyByName (const std::string& keyText)
 
 // Where the keyboard is: "LABEL COLUMN" for a control over a column of the selected row,
 // "LABEL list" for the list itself, "none" or "outside" (another item of the panel).
-std::string FocusText (SettingsPalette& palette)
+std::string FocusText (const ScriptTarget& target)
 {
-    TxAL::AttributeList& list = palette.GetList ();
+    TxAL::AttributeList& list = target.list;
     const Wg::ListBox& listBox = list.GetListBox ();
-    const Wg::Item* focused = palette.GetPanel ().GetFocusedItem ();
+    const Wg::Item* focused = target.panel.GetFocusedItem ();
     if (focused == nullptr) return "none";
     const short row = listBox.GetSelectedItem ();
-    const std::string label = row > 0 ? "\"" + CellText (palette, row, list.GetAttributeTypeColumnIndex ()) + "\" " : std::string ("(no row) ");
+    const std::string label = row > 0 ? "\"" + CellText (target, row, list.GetAttributeTypeColumnIndex ()) + "\" " : std::string ("(no row) ");
     if (focused == &listBox) return label + "list";
     const short column = listBox.GetOnTabItemColumn (*focused);
     if (column <= 0) return "outside";
@@ -189,6 +190,24 @@ DemoScript::DemoScript (SettingsPalette& palette, BuildingModel& model)
 {
 }
 
+void DemoScript::SetChangeCounter (ChangeCounter counter)
+{
+    changeCounter = std::move (counter);
+    changesSeen = StoredChangeCount ();
+}
+
+int DemoScript::StoredChangeCount () const
+{
+    return changeCounter ? changeCounter () : palette.GetStoredChangeCount ();
+}
+
+ScriptTarget DemoScript::Target () const
+{
+    if (listResolver)
+        if (const std::optional<ScriptTarget> target = listResolver (listName)) return *target;
+    return ScriptTarget {palette.GetList (), palette.GetPanel ()};
+}
+
 void DemoScript::RunFile (const std::string& path)
 {
     std::ifstream file (path, std::ios::binary);
@@ -223,52 +242,12 @@ void DemoScript::Execute (const std::vector<std::string>& words, const std::stri
     const auto need = [&words] (std::size_t count) {
         if (words.size () < count) throw std::invalid_argument ("\"" + words[0] + "\" needs " + std::to_string (count - 1) + " argument(s)");
     };
-    TxAL::AttributeList& list = palette.GetList ();
-    Wg::ListBox& listBox = list.GetListBox ();
 
     if (command == "element") {
         need (2);
         if (model.Find (words[1]) == nullptr) throw std::invalid_argument ("no element " + words[1]);
         palette.ShowElement (words[1]);
         if (element) element (words[1]);
-    } else if (command == "click" || command == "double-click") {
-        need (2);
-        const short row = FindRow (palette, words[1]);
-        const short column = words.size () > 2 ? ColumnByName (list, words[2]) : list.GetAttributeNameColumnIndex ();
-        const Wg::Point point = ClickPoint (palette, column, words, 3);
-        listBox.Click (row, point);
-        if (command == "double-click") listBox.DoubleClick (row, point);
-    } else if (command == "select") {
-        need (2);
-        listBox.UserSelect (FindRow (palette, words[1]));
-    } else if (command == "type") {
-        TypeIntoFocus (palette.GetPanel (), RestAfterWords (line, 1));
-    } else if (command == "key") {
-        need (2);
-        palette.GetPanel ().KeyPress (KeyByName (words[1]));
-    } else if (command == "pick") {
-        need (3);
-        const short row = FindRow (palette, words[1]);
-        Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
-        runner.QueueTrack (std::stoi (words[2]));
-        runner.QueueChoose (std::stoi (words[2]));
-        const short check = list.GetCheckColumnIndex ();
-        listBox.Click (row, ClickPoint (palette, check, {}, 0));
-        runner.ClearScript ();
-    } else if (command == "toggle") {
-        need (2);
-        const short row = FindRow (palette, words[1]);
-        const short preview = list.GetPreviewColumnIndex ();
-        listBox.Click (row, Wg::Point (listBox.GetTabFieldBeginPosition (preview) + listBox.GetItemHeight () / 2, listBox.GetItemHeight () / 2));
-    } else if (command == "answer-popup") {
-        need (2);
-        Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
-        runner.QueueTrack (std::stoi (words[1]));
-        runner.QueueChoose (std::stoi (words[1]));
-    } else if (command == "auto-update") {
-        need (2);
-        if (words[1] != "on" && words[1] != "off") throw std::invalid_argument ("auto-update is on or off");
-        list.GetOnTabItems ().SetEditControlAutoUpdate (words[1] == "on");
     } else if (command == "focus-out") {
         if (focusOut)
             focusOut ();
@@ -285,16 +264,77 @@ void DemoScript::Execute (const std::vector<std::string>& words, const std::stri
         const bool metric = words[1] == "metric";
         SetMetricUnits (palette, metric);
         if (units) units (metric);
-    } else if (command == "scroll") {
-        need (2);
-        listBox.UserScroll (static_cast<short> (std::stoi (words[1])));
     } else if (command == "screenshot") {
         need (2);
         if (screenshot) screenshot (words[1]);
+    } else if (command == "list") {
+        need (2);
+        if (!listResolver || !listResolver (words[1]).has_value ()) throw std::invalid_argument ("no list \"" + words[1] + "\"");
+        listName = words[1];
+    } else if (ExecuteOnList (words, line)) {
     } else if (Expect (words, line)) {
+    } else if (extension && extension (words, line)) {
     } else {
         throw std::invalid_argument ("unknown command \"" + command + "\"");
     }
+}
+
+bool DemoScript::ExecuteOnList (const std::vector<std::string>& words, const std::string& line)
+{
+    static const char* const listCommands[] = {"click", "double-click", "select", "type", "key", "pick", "toggle", "answer-popup", "auto-update", "scroll"};
+    const std::string& command = words[0];
+    if (std::find (std::begin (listCommands), std::end (listCommands), command) == std::end (listCommands)) return false;
+    const auto need = [&words] (std::size_t count) {
+        if (words.size () < count) throw std::invalid_argument ("\"" + words[0] + "\" needs " + std::to_string (count - 1) + " argument(s)");
+    };
+    // The list is looked up only for the commands that use it: another may be closed meanwhile.
+    const ScriptTarget target = Target ();
+    TxAL::AttributeList& list = target.list;
+    Wg::ListBox& listBox = list.GetListBox ();
+
+    if (command == "click" || command == "double-click") {
+        need (2);
+        const short row = FindRow (target, words[1]);
+        const short column = words.size () > 2 ? ColumnByName (list, words[2]) : list.GetAttributeNameColumnIndex ();
+        const Wg::Point point = ClickPoint (target, column, words, 3);
+        listBox.Click (row, point);
+        if (command == "double-click") listBox.DoubleClick (row, point);
+    } else if (command == "select") {
+        need (2);
+        listBox.UserSelect (FindRow (target, words[1]));
+    } else if (command == "type") {
+        TypeIntoFocus (target.panel, RestAfterWords (line, 1));
+    } else if (command == "key") {
+        need (2);
+        target.panel.KeyPress (KeyByName (words[1]));
+    } else if (command == "pick") {
+        need (3);
+        const short row = FindRow (target, words[1]);
+        Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
+        runner.QueueTrack (std::stoi (words[2]));
+        runner.QueueChoose (std::stoi (words[2]));
+        const short check = list.GetCheckColumnIndex ();
+        listBox.Click (row, ClickPoint (target, check, {}, 0));
+        runner.ClearScript ();
+    } else if (command == "toggle") {
+        need (2);
+        const short row = FindRow (target, words[1]);
+        const short preview = list.GetPreviewColumnIndex ();
+        listBox.Click (row, Wg::Point (listBox.GetTabFieldBeginPosition (preview) + listBox.GetItemHeight () / 2, listBox.GetItemHeight () / 2));
+    } else if (command == "answer-popup") {
+        need (2);
+        Wg::ScriptedModalRunner& runner = Wg::GetHeadlessModalRunner ();
+        runner.QueueTrack (std::stoi (words[1]));
+        runner.QueueChoose (std::stoi (words[1]));
+    } else if (command == "auto-update") {
+        need (2);
+        if (words[1] != "on" && words[1] != "off") throw std::invalid_argument ("auto-update is on or off");
+        list.GetOnTabItems ().SetEditControlAutoUpdate (words[1] == "on");
+    } else if (command == "scroll") {
+        need (2);
+        listBox.UserScroll (static_cast<short> (std::stoi (words[1])));
+    }
+    return true;
 }
 
 bool DemoScript::Expect (const std::vector<std::string>& words, const std::string& line)
@@ -303,11 +343,11 @@ bool DemoScript::Expect (const std::vector<std::string>& words, const std::strin
     const auto need = [&words] (std::size_t count) {
         if (words.size () < count) throw std::invalid_argument ("\"" + words[0] + "\" needs " + std::to_string (count - 1) + " argument(s)");
     };
-    TxAL::AttributeList& list = palette.GetList ();
     if (command == "expect-cell") {
         need (3);
+        const ScriptTarget target = Target ();
         const std::string expected = RestAfterWords (line, 3);
-        const std::string actual = CellText (palette, FindRow (palette, words[1]), ColumnByName (list, words[2]));
+        const std::string actual = CellText (target, FindRow (target, words[1]), ColumnByName (target.list, words[2]));
         if (actual != expected) throw std::invalid_argument ("cell shows \"" + actual + "\", expected \"" + expected + "\"");
     } else if (command == "expect-model") {
         need (3);
@@ -318,8 +358,8 @@ bool DemoScript::Expect (const std::vector<std::string>& words, const std::strin
         if (actual != expected) throw std::invalid_argument ("model has \"" + actual + "\", expected \"" + expected + "\"");
     } else if (command == "expect-changes") {
         need (2);
-        const int changes = palette.GetStoredChangeCount () - changesSeen;
-        changesSeen = palette.GetStoredChangeCount ();
+        const int changes = StoredChangeCount () - changesSeen;
+        changesSeen = StoredChangeCount ();
         if (changes != std::stoi (words[1]))
             throw std::invalid_argument (std::to_string (changes) + " edit(s) reached the model, expected " + words[1]);
     } else if (command == "expect-popups") {
@@ -335,17 +375,18 @@ bool DemoScript::Expect (const std::vector<std::string>& words, const std::strin
         need (2);
         if (words[1] != "none") need (3);
         const std::string expected = words[1] == "none" ? "none" : "\"" + words[1] + "\" " + words[2];
-        const std::string actual = FocusText (palette);
+        const std::string actual = FocusText (Target ());
         if (actual != expected) throw std::invalid_argument ("the keyboard is at " + actual + ", expected " + expected);
     } else if (command == "expect-rows") {
+        const ScriptTarget target = Target ();
         std::vector<std::string> labels {command};
-        for (short row = 1; row <= list.GetListBox ().GetItemCount (); ++row)
-            labels.push_back (CellText (palette, row, list.GetAttributeTypeColumnIndex ()));
+        for (short row = 1; row <= target.list.GetListBox ().GetItemCount (); ++row)
+            labels.push_back (CellText (target, row, target.list.GetAttributeTypeColumnIndex ()));
         if (labels != words) throw std::invalid_argument ("rows are " + Quoted (labels, 1) + ", expected " + Quoted (words, 1));
     } else if (command == "expect-group") {
         need (3);
         const TxAL::AttributeListGroupItem* group = nullptr;
-        for (const TxAL::AttributeListItem* item : list.GetItems ())
+        for (const TxAL::AttributeListItem* item : Target ().list.GetItems ())
             if (auto* candidate = dynamic_cast<const TxAL::AttributeListGroupItem*> (item); candidate != nullptr && candidate->GetName ().ToUtf8 () == words[1])
                 group = candidate;
         if (group == nullptr) throw std::invalid_argument ("no group \"" + words[1] + "\"");
@@ -359,11 +400,16 @@ bool DemoScript::Expect (const std::vector<std::string>& words, const std::strin
 
 std::string DumpPalette (SettingsPalette& palette)
 {
+    return DumpList (ScriptTarget {palette.GetList (), palette.GetPanel ()});
+}
+
+std::string DumpList (const ScriptTarget& target)
+{
     std::string out;
-    const short count = palette.GetList ().GetListBox ().GetItemCount ();
+    const short count = target.list.GetListBox ().GetItemCount ();
     for (short row = 1; row <= count; ++row) {
         out += std::to_string (row);
-        for (short column = 1; column <= ColumnCount; ++column) out += " | " + CellText (palette, row, column);
+        for (short column = 1; column <= ColumnCount; ++column) out += " | " + CellText (target, row, column);
         out += '\n';
     }
     return out;

@@ -32,18 +32,35 @@
 //   expect-focus none             no control of the palette has the keyboard
 //   expect-rows LABEL...          the labels of all rows, in order
 //   expect-group LABEL expanded|collapsed
+//   list NAME                     the list that the commands above address from now on (the
+//                                 settings palette's unless a front end names others; see
+//                                 ElementDialogScript.hpp for the element settings dialog's)
 //
 // Labels with blanks are written in double quotes. Lines starting with # are comments.
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+namespace TxAL {
+class AttributeList;
+}
+namespace Wg {
+class Panel;
+}
 
 namespace Demo {
 
 class SettingsPalette;
 class BuildingModel;
+
+// A list that the script's commands address, with the panel it stands on.
+struct ScriptTarget {
+    TxAL::AttributeList& list;
+    Wg::Panel&           panel;
+};
 
 // A script that cannot be carried out: what() is "<file>:<line>: <reason>".
 class ScriptError : public std::runtime_error {
@@ -69,12 +86,27 @@ public:
     void SetCloseHandler (WindowHandler handler) { close = std::move (handler); }
     void SetFocusOutHandler (WindowHandler handler) { focusOut = std::move (handler); }
 
+    // The list of a name ("list NAME"); nothing for an unknown name. Without a resolver, and
+    // until the first "list" line, the commands address the palette's list.
+    using ListResolver = std::function<std::optional<ScriptTarget> (const std::string& name)>;
+    void SetListResolver (ListResolver resolver) { listResolver = std::move (resolver); }
+    // More commands: answers whether it knew the command (words[0]); throws what fails.
+    using ExtensionHandler = std::function<bool (const std::vector<std::string>& words, const std::string& line)>;
+    void SetExtensionHandler (ExtensionHandler handler) { extension = std::move (handler); }
+    // How many edits reached the model so far (the palette's count unless given).
+    using ChangeCounter = std::function<int ()>;
+    void SetChangeCounter (ChangeCounter counter);
+
     // Runs every line; throws ScriptError at the first line that cannot be carried out.
     void Run (const std::string& text, const std::string& fileName);
     void RunFile (const std::string& path);
 
 private:
+    ScriptTarget Target () const;
+    int          StoredChangeCount () const;
     void Execute (const std::vector<std::string>& words, const std::string& rest);
+    // The commands that act on the current list; false for the others.
+    bool ExecuteOnList (const std::vector<std::string>& words, const std::string& line);
     // The assertions about what the user sees and what reached the model.
     bool Expect (const std::vector<std::string>& words, const std::string& rest);
 
@@ -85,6 +117,10 @@ private:
     ElementHandler    element;
     WindowHandler     close;
     WindowHandler     focusOut;
+    ListResolver      listResolver;
+    ExtensionHandler  extension;
+    ChangeCounter     changeCounter;
+    std::string       listName;
     // Counts at the last expect-changes and expect-popups.
     int               changesSeen = 0;
     int               popupsSeen = 0;
@@ -94,6 +130,8 @@ private:
 // text automated UI testing reads (AttributeList::GetDrawnTextContentForKorAT), or, where an
 // item reports none for that column, the text the list box shows in it.
 std::string DumpPalette (SettingsPalette& palette);
+// The same for any list.
+std::string DumpList (const ScriptTarget& target);
 
 // Switches the working units and lets the palette show every number anew.
 void SetMetricUnits (SettingsPalette& palette, bool metric);

@@ -2,8 +2,10 @@
 
 #include <QActionGroup>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenuBar>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QTreeWidget>
 
 #include "DemoScript.hpp"
@@ -14,22 +16,20 @@ namespace Demo {
 
 namespace {
 
-constexpr int PaletteWidth = 460;
-constexpr int PaletteHeight = 620;
 constexpr int ElementListWidth = 230;
-constexpr short PalettePanelId = 1;
-constexpr short ClassificationPanelId = 2;
-constexpr int ClassificationHeight = 130;
+constexpr int DialogMinimumWidth = 360;
+
+std::string IdOf (const QTreeWidgetItem* row)
+{
+    return row->data (0, Qt::UserRole).toString ().toStdString ();
+}
 
 }   // namespace
 
-MainWindow::MainWindow (BuildingModel& model)
-    : model (model), panel (Wg::Rect (0, 0, PaletteWidth, PaletteHeight), PalettePanelId, Kor::UniString ("Settings")),
-      classificationPanel (Wg::Rect (0, 0, PaletteWidth, ClassificationHeight), ClassificationPanelId, Kor::UniString ("Classifications"))
+MainWindow::MainWindow (BuildingModel& model, const ElementData& data, const std::string& stateFile)
+    : model (model), dialog (std::make_unique<ElementSettingsDialog> (model, data, stateFile))
 {
     setWindowTitle ("TxAttributeList demo: element settings");
-    palette = std::make_unique<SettingsPalette> (panel, model);
-    classifications = std::make_unique<ElementClassifications> (classificationPanel, model);
 
     auto* splitter = new QSplitter (this);
     elements = new QTreeWidget (splitter);
@@ -37,6 +37,7 @@ MainWindow::MainWindow (BuildingModel& model)
     elements->setHeaderLabels ({"ID", "Element"});
     elements->setRootIsDecorated (false);
     elements->setUniformRowHeights (true);
+    elements->setSelectionMode (QAbstractItemView::ExtendedSelection);
     elements->header ()->setStretchLastSection (true);
     for (const Element& element : model.GetElements ()) {
         const QString id = QString::fromStdString (element.GetId ());
@@ -45,20 +46,32 @@ MainWindow::MainWindow (BuildingModel& model)
         for (int column = 0; column < 2; ++column) row->setToolTip (column, QString::fromStdString (element.GetKind ()));
     }
     elements->resizeColumnToContents (0);
-    auto* right = new QSplitter (Qt::Vertical, splitter);
-    TxalQt::PanelView* view = TxalQt::Backend::AttachPanel (panel, right);
-    view->setMinimumWidth (360);
-    TxalQt::PanelView* classificationView = TxalQt::Backend::AttachPanel (classificationPanel, right);
-    right->addWidget (view);
-    right->addWidget (classificationView);
-    right->setSizes ({PaletteHeight - ClassificationHeight, ClassificationHeight});
-    right->setStretchFactor (0, 1);
+
+    // The dialog's view, or a note while the dialog is closed.
+    dialogArea = new QStackedWidget (splitter);
+    TxalQt::PanelView* view = TxalQt::Backend::AttachPanel (dialog->GetPanel (), dialogArea);
+    view->setMinimumWidth (DialogMinimumWidth);
+    closedNote = new QLabel ("The settings dialog is closed.\nSelect elements, or choose Element > Settings, to open it.", dialogArea);
+    closedNote->setAlignment (Qt::AlignCenter);
+    dialogArea->addWidget (view);
+    dialogArea->addWidget (closedNote);
+    dialogArea->setCurrentWidget (closedNote);
+    dialog->openChanged = [this, view] (bool open) { dialogArea->setCurrentWidget (open ? static_cast<QWidget*> (view) : closedNote); };
+
     splitter->addWidget (elements);
-    splitter->addWidget (right);
-    splitter->setSizes ({ElementListWidth, PaletteWidth});
+    splitter->addWidget (dialogArea);
+    splitter->setSizes ({ElementListWidth, ElementSettingsDialog::Width});
     splitter->setStretchFactor (1, 1);
     setCentralWidget (splitter);
-    resize (ElementListWidth + PaletteWidth + 8, PaletteHeight + 24);
+    resize (ElementListWidth + ElementSettingsDialog::Width + 8, ElementSettingsDialog::Height + 24);
+
+    QMenu* elementMenu = menuBar ()->addMenu ("&Element");
+    QAction* openAction = elementMenu->addAction ("&Settings");
+    openAction->setShortcut (QKeySequence ("Ctrl+E"));
+    connect (openAction, &QAction::triggered, this, [this] { dialog->Open (); });
+    QAction* closeAction = elementMenu->addAction ("&Close settings");
+    closeAction->setShortcut (QKeySequence ("Ctrl+W"));
+    connect (closeAction, &QAction::triggered, this, [this] { dialog->Close (); });
 
     QMenu* unitsMenu = menuBar ()->addMenu ("&Units");
     auto* group = new QActionGroup (this);
@@ -72,34 +85,44 @@ MainWindow::MainWindow (BuildingModel& model)
     connect (metricAction, &QAction::triggered, this, [this] { ChooseUnits (true); });
     connect (imperialAction, &QAction::triggered, this, [this] { ChooseUnits (false); });
 
-    connect (elements, &QTreeWidget::currentItemChanged, this, [this] (QTreeWidgetItem* current) {
-        if (current == nullptr) return;
-        palette->ShowElement (current->data (0, Qt::UserRole).toString ().toStdString ());
-        classifications->ShowElement (palette->GetElementId ());
-    });
+    connect (elements, &QTreeWidget::itemSelectionChanged, this, [this] { SelectionChanged (); });
     if (elements->topLevelItemCount () > 0) elements->setCurrentItem (elements->topLevelItem (0));
-    panel.Open ();
-    classificationPanel.Open ();
 }
 
 MainWindow::~MainWindow ()
 {
-    // The lists and their controls go before the panels and their views.
-    classifications.reset ();
-    palette.reset ();
+    // The dialog's pages, lists and controls go before the view.
+    dialog.reset ();
+}
+
+void MainWindow::SelectionChanged ()
+{
+    // In the list's order, the current row first: its values are the ones shown.
+    std::vector<std::string> ids;
+    if (QTreeWidgetItem* current = elements->currentItem (); current != nullptr && current->isSelected ()) ids.push_back (IdOf (current));
+    for (int i = 0; i < elements->topLevelItemCount (); ++i) {
+        QTreeWidgetItem* row = elements->topLevelItem (i);
+        if (row->isSelected () && row != elements->currentItem ()) ids.push_back (IdOf (row));
+    }
+    if (!ids.empty ()) dialog->ShowElements (ids);
 }
 
 void MainWindow::ShowElement (const std::string& id)
 {
+    ShowSelection ({id});
+    if (dialog->GetSelection () != std::vector<std::string> {id}) dialog->ShowElements ({id});
+}
+
+void MainWindow::ShowSelection (const std::vector<std::string>& ids)
+{
+    const QSignalBlocker blocker (elements);
+    elements->clearSelection ();
     for (int i = 0; i < elements->topLevelItemCount (); ++i) {
         QTreeWidgetItem* row = elements->topLevelItem (i);
-        if (row->data (0, Qt::UserRole).toString ().toStdString () == id) {
-            const QSignalBlocker blocker (elements);
-            elements->setCurrentItem (row);
-        }
+        const bool selected = std::find (ids.begin (), ids.end (), IdOf (row)) != ids.end ();
+        if (selected && !ids.empty () && IdOf (row) == ids.front ()) elements->setCurrentItem (row);
+        row->setSelected (selected);
     }
-    if (palette->GetElementId () != id) palette->ShowElement (id);
-    classifications->ShowElement (palette->GetElementId ());
 }
 
 void MainWindow::ShowUnits (bool metric)
@@ -115,7 +138,7 @@ void MainWindow::FocusElementList ()
 
 void MainWindow::ChooseUnits (bool metric)
 {
-    SetMetricUnits (*palette, metric);
+    SetMetricUnits (dialog->GetPalette (), metric);
 }
 
 }   // namespace Demo

@@ -1,16 +1,22 @@
 #pragma once
-// The demo's window: the elements of the building on the left, the settings palette of the
-// chosen element on the right, and a menu that switches the working units.
+// The demo's window: the elements of the building on the left, the element settings dialog of
+// the selected elements on the right (the settings palette and the classifications and
+// properties page on two tabs), and menus that switch the working units and open or close the
+// dialog.
 
 #include <QMainWindow>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "BuildingModel.hpp"
-#include "ElementClassifications.hpp"
+#include "ElementData.hpp"
+#include "ElementSettingsDialog.hpp"
 #include "SettingsPalette.hpp"
-#include "Wg/Panel.hpp"
 
 class QAction;
+class QLabel;
+class QStackedWidget;
 class QTreeWidget;
 
 namespace Demo {
@@ -19,13 +25,16 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit MainWindow (BuildingModel& model);
+    // stateFile: where the page state is kept between runs (empty: not kept).
+    MainWindow (BuildingModel& model, const ElementData& data, const std::string& stateFile);
     ~MainWindow () override;
 
-    SettingsPalette& GetPalette () { return *palette; }
-    ElementClassifications& GetClassifications () { return *classifications; }
-    // Shows the element in the list and the palette.
+    SettingsPalette&       GetPalette () { return dialog->GetPalette (); }
+    ElementSettingsDialog& GetDialog () { return *dialog; }
+    // Shows the element in the list and the dialog.
     void ShowElement (const std::string& id);
+    // Selects the elements in the list (the dialog shows them already).
+    void ShowSelection (const std::vector<std::string>& ids);
     // Checks the menu entry of the units (the palette follows by itself).
     void ShowUnits (bool metric);
     // Gives the keyboard to the element list, as a click into it does.
@@ -33,15 +42,15 @@ public:
 
 private:
     void ChooseUnits (bool metric);
+    void SelectionChanged ();
 
-    BuildingModel&                   model;
-    Wg::Panel                        panel;
-    std::unique_ptr<SettingsPalette> palette;
-    Wg::Panel                        classificationPanel;
-    std::unique_ptr<ElementClassifications> classifications;
-    QTreeWidget*                     elements = nullptr;
-    QAction*                         metricAction = nullptr;
-    QAction*                         imperialAction = nullptr;
+    BuildingModel&                         model;
+    std::unique_ptr<ElementSettingsDialog> dialog;
+    QTreeWidget*                           elements = nullptr;
+    QStackedWidget*                        dialogArea = nullptr;
+    QLabel*                                closedNote = nullptr;
+    QAction*                               metricAction = nullptr;
+    QAction*                               imperialAction = nullptr;
 };
 
 }   // namespace Demo

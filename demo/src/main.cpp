@@ -7,6 +7,10 @@
 //   txal-demo --dump                   prints every cell of the palette after the script
 //   txal-demo --dump-model             prints the building model after the script
 //   txal-demo --model FILE             reads another building model
+//   txal-demo --data DIR               reads the property sets and classifications from DIR
+//   txal-demo --settings FILE          keeps the classifications and properties page's state in
+//                                      FILE between runs (windows: a file in the user's config
+//                                      folder unless given; scripts and screenshots: none)
 //   txal-demo --scale 2                renders at 200 % (used for the second set of screenshots)
 //   txal-demo --version, --help
 //
@@ -24,7 +28,10 @@
 #include "BuildingModel.hpp"
 #include "ClassificationScreenshots.hpp"
 #include "DemoScript.hpp"
+#include "ElementData.hpp"
+#include "ElementDialogScript.hpp"
 #include "MainWindow.hpp"
+#include "PageStateFile.hpp"
 #include "TxAttributeList/Version.hpp"
 #include "TxalQt/Backend.hpp"
 
@@ -39,6 +46,8 @@ constexpr const char* Usage =
     "  --dump             print every cell of the palette after the script\n"
     "  --dump-model       print the building model after the script\n"
     "  --model FILE       read another building model\n"
+    "  --data DIR         read the property sets and the classification system from DIR\n"
+    "  --settings FILE    keep the page state of the settings dialog in FILE between runs\n"
     "  --scale FACTOR     render at FACTOR (2 for 200 %)\n"
     "  --suffix TEXT      append TEXT to the screenshot file names\n"
     "  --version          print the version and exit\n"
@@ -53,6 +62,9 @@ struct Options {
     std::string screenshotDir;
     std::string script;
     std::string modelFile;
+    std::string dataDir;
+    std::string settingsFile;
+    bool        settingsGiven = false;
     std::string suffix;
     std::string scale;
     bool        dump = false;
@@ -83,6 +95,10 @@ bool ParseArguments (int argc, char** argv, Options& options)
             ok = value (options.script);
         else if (arg == "--model")
             ok = value (options.modelFile);
+        else if (arg == "--data")
+            ok = value (options.dataDir);
+        else if (arg == "--settings")
+            ok = options.settingsGiven = value (options.settingsFile);
         else if (arg == "--suffix")
             ok = value (options.suffix);
         else if (arg == "--scale")
@@ -103,6 +119,33 @@ bool ParseArguments (int argc, char** argv, Options& options)
         }
     }
     return true;
+}
+
+// The classifications and properties tab: a wall, the information strip for a mixed
+// selection, the splitter dragged, and the page at a second size.
+template <typename Screenshot>
+void PageScreenshots (Demo::MainWindow& window, Demo::BuildingModel& model, const Screenshot& screenshot)
+{
+    Demo::DemoScript pages (window.GetPalette (), model);
+    Demo::ElementDialogScript dialogScript (window.GetDialog (), [&window] (const std::vector<std::string>& ids) { window.ShowSelection (ids); });
+    dialogScript.InstallInto (pages);
+    pages.Run ("elements W-01\ntab properties\n", "pages");
+    screenshot ("page-W-01");
+    pages.Run ("elements W-01 D-01\n", "pages");
+    screenshot ("page-strip-shown");
+    pages.Run ("elements W-01 W-02\n", "pages");
+    screenshot ("page-strip-same-kind");
+    pages.Run ("elements W-01\n", "pages");
+    screenshot ("page-strip-hidden");
+    pages.Run ("drag-splitter 220\n", "pages");
+    screenshot ("page-splitter-dragged");
+    const QSize size = window.size ();
+    window.resize (size.width () - 60, size.height () - 160);
+    QApplication::processEvents ();
+    screenshot ("page-small");
+    window.resize (size);
+    QApplication::processEvents ();
+    pages.Run ("tab settings\n", "pages");
 }
 
 bool Headless (const Options& options)
@@ -139,9 +182,26 @@ int main (int argc, char** argv)
         return 1;
     }
 
+    // The property sets and the classification system come from the project's data files.
+    TxImport::ImportDiagnostics diagnostics;
+    const Demo::ElementData data = Demo::ElementData::Load (options.dataDir.empty () ? TXAL_DEMO_DATA_DIR : options.dataDir, diagnostics);
+    // The real files have known gaps (properties without a data type), which the importer skips;
+    // only a missing file is worth a word.
+    if (data.GetPropertySets ().empty () || data.GetClassificationSystem ().IsNull ())
+        std::fprintf (stderr, "txal-demo: %s", diagnostics.ToString ().c_str ());
+    try {
+        Demo::ElementData::MergeInto (model, Demo::ElementData::LoadBuiltInElementData ());
+    } catch (const Demo::ModelError& e) {
+        std::fprintf (stderr, "txal-demo: %s\n", e.what ());
+        return 1;
+    }
+    // A window keeps the page state in the user's config folder; runs of scripts and
+    // screenshots start from the page's defaults unless told otherwise.
+    const std::string stateFile = options.settingsGiven ? options.settingsFile : Headless (options) ? std::string () : Demo::PageStateFile::GetDefaultPath ();
+
     // A person at a real screen gets real popups; scripts and screenshots keep the headless runner.
     if (!Headless (options)) TxalQt::Backend::InstallModalRunner ();
-    Demo::MainWindow window (model);
+    Demo::MainWindow window (model, data, stateFile);
     window.show ();
     application.processEvents ();
 
@@ -155,6 +215,8 @@ int main (int argc, char** argv)
 
     if (!options.script.empty ()) {
         Demo::DemoScript script (window.GetPalette (), model);
+        Demo::ElementDialogScript dialogScript (window.GetDialog (), [&window] (const std::vector<std::string>& ids) { window.ShowSelection (ids); });
+        dialogScript.InstallInto (script);
         script.SetScreenshotHandler (screenshot);
         script.SetUnitsHandler ([&window] (bool metric) { window.ShowUnits (metric); });
         script.SetElementHandler ([&window] (const std::string& id) { window.ShowElement (id); });
@@ -189,6 +251,7 @@ int main (int argc, char** argv)
             pages.Run ("element W-01\nunits imperial\nclick Thickness\n", "pages");
             screenshot ("palette-W-01-imperial");
             pages.Run ("units metric\n", "pages");
+            PageScreenshots (window, model, screenshot);
             Demo::SaveClassificationScreenshots (window, [&] (const std::string& name, const QImage& image) {
                 const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
                 if (!image.save (file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());

@@ -45,7 +45,8 @@ TabControlPeer::TabControlPeer (PanelView& view, Wg::TabControl& control) : QWid
 void TabControlPeer::Mirror (Wg::Aspect aspect, int)
 {
     switch (aspect) {
-        case Wg::Aspect::Content: MirrorAll (); break;
+        case Wg::Aspect::Content:
+        case Wg::Aspect::Text:    MirrorAll (); break;
         case Wg::Aspect::Value:
         case Wg::Aspect::Rect:    SyncSelection (); break;
         default:                  break;

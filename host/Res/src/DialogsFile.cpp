@@ -116,7 +116,6 @@ public:
             else
                 AddItem (text);
         }
-        FinishDialog ();
         return std::move (dialogs);
     }
 
@@ -128,7 +127,6 @@ private:
 
     void StartDialog (std::string_view text)
     {
-        FinishDialog ();
         const std::size_t close = text.find (SectionClose);
         if (close == std::string_view::npos) Fail ("unterminated dialog header: expected ']'");
         const std::string_view idText = Trimmed (text.substr (1, close - 1));
@@ -153,14 +151,7 @@ private:
         current = &dialogs[*id];
         current->size = Gfx::Size (*width, *height);
         currentId = *id;
-        currentHeaderLine = lineNumber;
         itemLines.clear ();
-    }
-
-    void FinishDialog ()
-    {
-        if (current != nullptr && current->items.empty ())
-            throw ResourceError (fileName, currentHeaderLine, "dialog " + std::to_string (currentId) + " has no items");
     }
 
     void AddItem (std::string_view text)
@@ -209,7 +200,6 @@ private:
     std::map<int, int>  itemLines;      // index -> line, in the current dialog
     DialogTemplate*     current = nullptr;
     int                 currentId = 0;
-    int                 currentHeaderLine = 0;
 };
 
 }   // namespace

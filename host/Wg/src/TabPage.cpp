@@ -69,6 +69,13 @@ TabPage::~TabPage ()
     while (!dialogItems.empty ()) dialogItems.pop_back ();
 }
 
+void TabPage::SetTitle (const Kor::UniString& newTitle)
+{
+    if (newTitle == GetTitle ()) return;
+    Panel::SetTitle (newTitle);
+    if (tabControl != nullptr) tabControl->PageTitleChanged ();
+}
+
 void TabPage::MakeItems (const Res::DialogTemplate& dialog)
 {
     for (const Res::DialogItem& entry : dialog.items) {

@@ -50,9 +50,10 @@ TEST (DialogsFileTest, ParsesDialogsWithItemsInIndexOrder)
         "4 = splitter 0 0 50 6\n"
         "3 = icon 0 10 16 26\n"
         "9 = button 0 30 50 50\n"
-        "8 = check 0 50 50 60\n";
+        "8 = check 0 50 50 60\n"
+        "[9] 1 x 1   # a page that makes its own controls\n";
     EXPECT_EQ (Dump (Res::ParseDialogsFile ("dialogs.txt", contents)),
-               "7:50x60[3 icon 0,10,16,26 4 splitter 0,0,50,6 8 check 0,50,50,60 9 button 0,30,50,50]|"
+               "7:50x60[3 icon 0,10,16,26 4 splitter 0,0,50,6 8 check 0,50,50,60 9 button 0,30,50,50]|9:1x1[]|"
                "30:200x100[1 listbox 0,0,200,80 2 text 0,80,200,100]");
 }
 
@@ -62,7 +63,6 @@ TEST (DialogsFileTest, RejectsMalformedFilesNamingTheLine)
     EXPECT_EQ (ErrorOf ("[5]\n1 = icon 0 0 1 1\n"), "dialogs.txt:1: expected the dialog's size after ']', like '[5] 380 x 440'");
     EXPECT_EQ (ErrorOf ("[5] 0 x 10\n1 = icon 0 0 1 1\n"), "dialogs.txt:1: dialog width '0' is not a number from 1 to 32767");
     EXPECT_EQ (ErrorOf ("[5] 10 x 40000\n"), "dialogs.txt:1: dialog height '40000' is not a number from 1 to 32767");
-    EXPECT_EQ (ErrorOf ("[5] 10 x 10\n"), "dialogs.txt:1: dialog 5 has no items");
     EXPECT_EQ (ErrorOf ("[5] 10 x 10\n1 = icon 0 0 1 1\n[5] 10 x 10\n"), "dialogs.txt:3: dialog 5 appears twice (first at line 1)");
     EXPECT_EQ (ErrorOf ("[5] 10 x 10\n1 = icon 0 0 1 1\n1 = text 0 0 1 1\n"),
                "dialogs.txt:3: item 1 appears twice in dialog 5 (first at line 2)");

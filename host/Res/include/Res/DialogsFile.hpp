@@ -8,7 +8,8 @@
 //     2 = text     24 420 380 440
 //
 // - A section "[<id>] <width> x <height>" starts the dialog <id> (1 to 2147483647); its size
-//   is 1 to 32767 pixels each way. A dialog appears once and has at least one item.
+//   is 1 to 32767 pixels each way. A dialog appears once; it may have no items (a panel that
+//   makes its controls itself).
 // - An item is "<index> = <kind> <left> <top> <right> <bottom>": index 1 to 32767 (the item's
 //   id on the panel), once per dialog; kind one of icon, text, listbox, splitter, button,
 //   check; the rectangle in the dialog's coordinates, inside the dialog, with left <= right

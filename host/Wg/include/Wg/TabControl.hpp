@@ -73,6 +73,7 @@ private:
 
     void AddPage (TabPage& page);
     void RemovePage (TabPage& page);
+    void PageTitleChanged () { NotifyPeer (Aspect::Text); }
     // Puts the page over the client rectangle: its screen origin, then its size.
     void FitPage (TabPage& page);
     // Calls fn(page) for each page, stopping when the control is gone.

@@ -27,6 +27,8 @@ public:
     // The tab control; null once it is gone.
     TabControl* GetTabControl () const { return tabControl; }
     int         GetDialogId () const { return dialogId; }
+    // Renames the page and its tab.
+    void        SetTitle (const Kor::UniString& newTitle);
 
     // The control made for dialog item index. When the dialog has no such item, or one of
     // another kind, the failure is reported through Kor's assertion facility and a hidden
