@@ -104,7 +104,9 @@ TEST_F (QtTabPeerTest, TheBarShowsThePagesAndAClickedTabSelectsItsPage)
     EXPECT_TRUE (PageView (*first)->isVisible ());
     EXPECT_EQ (Take (), "");
 
-    // A page that goes takes its tab with it.
+    // A renamed page renames its tab; a page that goes takes its tab with it.
+    second->SetTitle (Kor::UniString ("Renamed"));
+    EXPECT_EQ (bar->tabText (1), QStringLiteral ("Renamed"));
     second.reset ();
     EXPECT_EQ (bar->count (), 1);
 }
