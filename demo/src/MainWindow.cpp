@@ -18,14 +18,23 @@ constexpr int PaletteWidth = 460;
 constexpr int PaletteHeight = 620;
 constexpr int ElementListWidth = 230;
 constexpr short PalettePanelId = 1;
+constexpr int PropertyPaletteWidth = 420;
+constexpr short PropertyPanelId = 2;
 
 }   // namespace
 
 MainWindow::MainWindow (BuildingModel& model)
-    : model (model), panel (Wg::Rect (0, 0, PaletteWidth, PaletteHeight), PalettePanelId, Kor::UniString ("Settings"))
+    : model (model),
+      panel (Wg::Rect (0, 0, PaletteWidth, PaletteHeight), PalettePanelId, Kor::UniString ("Settings")),
+      propertyPanel (Wg::Rect (0, 0, PropertyPaletteWidth, PaletteHeight), PropertyPanelId, Kor::UniString ("Properties"))
 {
     setWindowTitle ("TxAttributeList demo: element settings");
     palette = std::make_unique<SettingsPalette> (panel, model);
+    // The published files have a few flaws (properties without a data type): the demo shows
+    // what could be read; the importer's tests hold what could not.
+    TxImport::ImportDiagnostics propertyProblems;
+    propertyStore = std::make_unique<ElementPropertyStore> (model, GetPropertySetFolder (), GetCustomPropertyValues (), propertyProblems);
+    properties = std::make_unique<PropertyPalette> (propertyPanel, *propertyStore);
 
     auto* splitter = new QSplitter (this);
     elements = new QTreeWidget (splitter);
@@ -43,12 +52,16 @@ MainWindow::MainWindow (BuildingModel& model)
     elements->resizeColumnToContents (0);
     TxalQt::PanelView* view = TxalQt::Backend::AttachPanel (panel, splitter);
     view->setMinimumWidth (360);
+    TxalQt::PanelView* propertyView = TxalQt::Backend::AttachPanel (propertyPanel, splitter);
+    propertyView->setMinimumWidth (320);
     splitter->addWidget (elements);
     splitter->addWidget (view);
-    splitter->setSizes ({ElementListWidth, PaletteWidth});
+    splitter->addWidget (propertyView);
+    splitter->setSizes ({ElementListWidth, PaletteWidth, PropertyPaletteWidth});
     splitter->setStretchFactor (1, 1);
+    splitter->setStretchFactor (2, 1);
     setCentralWidget (splitter);
-    resize (ElementListWidth + PaletteWidth + 8, PaletteHeight + 24);
+    resize (ElementListWidth + PaletteWidth + PropertyPaletteWidth + 12, PaletteHeight + 24);
 
     QMenu* unitsMenu = menuBar ()->addMenu ("&Units");
     auto* group = new QActionGroup (this);
@@ -63,15 +76,20 @@ MainWindow::MainWindow (BuildingModel& model)
     connect (imperialAction, &QAction::triggered, this, [this] { ChooseUnits (false); });
 
     connect (elements, &QTreeWidget::currentItemChanged, this, [this] (QTreeWidgetItem* current) {
-        if (current != nullptr) palette->ShowElement (current->data (0, Qt::UserRole).toString ().toStdString ());
+        if (current == nullptr) return;
+        const std::string id = current->data (0, Qt::UserRole).toString ().toStdString ();
+        palette->ShowElement (id);
+        properties->ShowElement (id);
     });
     if (elements->topLevelItemCount () > 0) elements->setCurrentItem (elements->topLevelItem (0));
     panel.Open ();
+    propertyPanel.Open ();
 }
 
 MainWindow::~MainWindow ()
 {
-    // The palette's list and controls go before the panel and its view.
+    // The palettes' lists and controls go before the panels and their views.
+    properties.reset ();
     palette.reset ();
 }
 
@@ -85,6 +103,7 @@ void MainWindow::ShowElement (const std::string& id)
         }
     }
     if (palette->GetElementId () != id) palette->ShowElement (id);
+    if (properties->GetElementId () != id) properties->ShowElement (id);
 }
 
 void MainWindow::ShowUnits (bool metric)

@@ -23,6 +23,7 @@
 #include "BuildingModel.hpp"
 #include "DemoScript.hpp"
 #include "MainWindow.hpp"
+#include "PropertyScreenshots.hpp"
 #include "TxAttributeList/Version.hpp"
 #include "TxalQt/Backend.hpp"
 
@@ -186,6 +187,8 @@ int main (int argc, char** argv)
             }
             pages.Run ("element W-01\nunits imperial\nclick Thickness\n", "pages");
             screenshot ("palette-W-01-imperial");
+            pages.Run ("units metric\n", "pages");
+            Demo::SavePropertyScreenshots (window, screenshotDir, QString::fromStdString (options.suffix));
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
         if (options.scale.empty ()) {

@@ -17,6 +17,7 @@
 #include "Strings.hpp"
 #include "Theme.hpp"
 #include "TxalQt/PanelView.hpp"
+#include "UserDialogPopups.hpp"
 
 namespace TxalQt {
 
@@ -153,6 +154,7 @@ void QtModalRunner::Run (Wg::ModalSession& session)
             break;
         }
         case Wg::ModalSession::Kind::Dialog:
+            RunUserDialogPopup (session);
             break;
     }
     Finish (session, 0);

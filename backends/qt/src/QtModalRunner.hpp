@@ -4,7 +4,7 @@
 //                         initial entry checked)
 //   Picker sessions    -> a grid of swatches (PickerPopup) when every entry has a colour or an
 //                         icon and the control asks for a grid, otherwise a QMenu with swatches
-//   Dialog sessions    -> cancelled (no dialogs yet)
+//   Dialog sessions    -> the user dialogs' popups (UserDialogPopups.hpp); others are cancelled
 // Steps: hovering an entry -> Track (i); leaving the entries -> Track (0); a choice -> Choose (i)
 // once the popup has closed; closing without a choice -> Cancel.
 
