@@ -12,6 +12,7 @@
 #include "QtModalRunner.hpp"
 #include "Rb/MultiLineEdit.hpp"
 #include "Rb/MultipleChoice.hpp"
+#include "Rb/Resources.hpp"
 #include "Strings.hpp"
 #include "Theme.hpp"
 
@@ -94,6 +95,7 @@ void Finish (Wg::ModalSession& session, bool accepted)
 void RunChecklist (Rb::MultipleChoicePopUpDialog& session)
 {
     PopupWindow popup;
+    popup.setAccessibleName (ToQString (Rb::GetResourceString (Rb::PopupNamesResId, Rb::ChecklistNameIndex)));
     auto* list = new QListWidget (&popup);
     list->setFont (Theme::GetFont (Gfx::PlainFont));
     list->setFrameShape (QFrame::NoFrame);
@@ -125,6 +127,7 @@ void RunChecklist (Rb::MultipleChoicePopUpDialog& session)
 void RunTextBox (Rb::MultiLineEditPopUpDialog& session)
 {
     PopupWindow popup;
+    popup.setAccessibleName (ToQString (Rb::GetResourceString (Rb::PopupNamesResId, Rb::ListEditNameIndex)));
     auto* edit = new QPlainTextEdit (&popup);
     edit->setFont (Theme::GetFont (Gfx::PlainFont));
     edit->setPlainText (ToQString (session.GetText ()));

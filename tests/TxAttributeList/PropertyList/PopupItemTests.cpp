@@ -2,7 +2,7 @@
 // follows the user's ticks and lines while the popup is open, the host hears once on close.
 
 #include "PropertyListFixture.hpp"
-#include "Rb/ResourceIcons.hpp"
+#include "Rb/Resources.hpp"
 
 namespace PropertyListTest {
 namespace {
