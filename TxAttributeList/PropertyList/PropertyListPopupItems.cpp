@@ -1,6 +1,6 @@
 #include "Kor/LifeWatch.hpp"
 #include "PropertyList/DisplayRules.hpp"
-#include "Rb/ResourceIcons.hpp"
+#include "Rb/Resources.hpp"
 #include "TxAttributeList/PropertyListItems.hpp"
 #include "Wg/Controls.hpp"
 
