@@ -29,25 +29,32 @@ short FindRow (TxAL::AttributeList& list, const char* name)
     return 0;
 }
 
-// Grabs the window, opens a popup with open(), draws the popup into the picture where it
-// stands, closes the popup and writes the picture.
+// How a popup lines up with the control that opened it.
+enum class Alignment { Left, Right };
+
+// Grabs the window, opens a popup with open(), draws the popup into the picture under its
+// anchor, closes the popup and writes the picture. The popup is drawn where the anchor puts it,
+// not where it stands: an offscreen screen is small and pushes popups back into it.
 template <typename Open>
-void GrabWithPopup (MainWindow& window, const QString& file, Open&& open)
+void GrabWithPopup (MainWindow& window, const QString& file, const Wg::Item& anchor, Alignment alignment, Open&& open)
 {
     TxalQt::QtModalRunner runner;
     Wg::ModalRunner*      previous = Wg::SetModalRunner (&runner);
     bool                  saved = false;
     // The window is grabbed before the popup opens: it does not change while the popup is up.
     QImage picture = TxalQt::Backend::Grab (window);
-    QTimer::singleShot (PopupSettleMilliseconds, &window, [&window, &file, &saved, &picture] {
+    QTimer::singleShot (PopupSettleMilliseconds, &window, [&] {
         QWidget* popup = QApplication::activePopupWidget ();
-        if (popup != nullptr) {
+        QWidget* anchorWidget = TxalQt::FindItemWidget (&anchor);
+        if (popup != nullptr && anchorWidget != nullptr) {
+            const int x = alignment == Alignment::Left ? 0 : anchorWidget->width () - popup->width ();
+            const QPoint at = anchorWidget->mapTo (&window, QPoint (x, anchorWidget->height ()));
             QPainter painter (&picture);
-            painter.drawPixmap (popup->mapToGlobal (QPoint (0, 0)) - window.mapToGlobal (QPoint (0, 0)), popup->grab ());
+            painter.drawPixmap (at, popup->grab ());
             painter.end ();
-            popup->close ();
+            saved = picture.save (file, "PNG");
         }
-        saved = popup != nullptr && picture.save (file, "PNG");
+        if (popup != nullptr) popup->close ();
     });
     open ();
     QApplication::processEvents ();
@@ -71,11 +78,13 @@ void SavePropertyScreenshots (MainWindow& window, const QString& dir, const QStr
 
     window.ShowElement ("W-01");
     select ("FireRating");
-    GrabWithPopup (window, dir + "/properties-popup" + suffix + ".png", [&] { list.GetOnTabItems ().GetIconColumnPopup ().UserPress (); });
+    Pk::PopupControl& popup = list.GetOnTabItems ().GetIconColumnPopup ();
+    GrabWithPopup (window, dir + "/properties-popup" + suffix + ".png", popup, Alignment::Left, [&] { popup.UserPress (); });
 
     window.ShowElement ("W-02");
     select ("Status");
-    GrabWithPopup (window, dir + "/properties-checklist" + suffix + ".png", [&] { list.GetOnTabItems ().GetIconButton ().UserPress (); });
+    Wg::ButtonItem& button = list.GetOnTabItems ().GetIconButton ();
+    GrabWithPopup (window, dir + "/properties-checklist" + suffix + ".png", button, Alignment::Right, [&] { button.UserPress (); });
 }
 
 }   // namespace Demo
