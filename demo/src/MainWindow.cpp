@@ -20,16 +20,24 @@ constexpr int ElementListWidth = 230;
 constexpr short PalettePanelId = 1;
 constexpr short ClassificationPanelId = 2;
 constexpr int ClassificationHeight = 130;
+constexpr int PropertyPaletteWidth = 420;
+constexpr short PropertyPanelId = 3;
 
 }   // namespace
 
 MainWindow::MainWindow (BuildingModel& model)
     : model (model), panel (Wg::Rect (0, 0, PaletteWidth, PaletteHeight), PalettePanelId, Kor::UniString ("Settings")),
-      classificationPanel (Wg::Rect (0, 0, PaletteWidth, ClassificationHeight), ClassificationPanelId, Kor::UniString ("Classifications"))
+      classificationPanel (Wg::Rect (0, 0, PaletteWidth, ClassificationHeight), ClassificationPanelId, Kor::UniString ("Classifications")),
+      propertyPanel (Wg::Rect (0, 0, PropertyPaletteWidth, PaletteHeight), PropertyPanelId, Kor::UniString ("Properties"))
 {
     setWindowTitle ("TxAttributeList demo: element settings");
     palette = std::make_unique<SettingsPalette> (panel, model);
     classifications = std::make_unique<ElementClassifications> (classificationPanel, model);
+    // The published files have a few flaws (properties without a data type): the demo shows
+    // what could be read; the importer's tests hold what could not.
+    TxImport::ImportDiagnostics propertyProblems;
+    propertyStore = std::make_unique<ElementPropertyStore> (model, GetPropertySetFolder (), GetCustomPropertyValues (), propertyProblems);
+    properties = std::make_unique<PropertyPalette> (propertyPanel, *propertyStore);
 
     auto* splitter = new QSplitter (this);
     elements = new QTreeWidget (splitter);
@@ -53,12 +61,16 @@ MainWindow::MainWindow (BuildingModel& model)
     right->addWidget (classificationView);
     right->setSizes ({PaletteHeight - ClassificationHeight, ClassificationHeight});
     right->setStretchFactor (0, 1);
+    TxalQt::PanelView* propertyView = TxalQt::Backend::AttachPanel (propertyPanel, splitter);
+    propertyView->setMinimumWidth (320);
     splitter->addWidget (elements);
     splitter->addWidget (right);
-    splitter->setSizes ({ElementListWidth, PaletteWidth});
+    splitter->addWidget (propertyView);
+    splitter->setSizes ({ElementListWidth, PaletteWidth, PropertyPaletteWidth});
     splitter->setStretchFactor (1, 1);
+    splitter->setStretchFactor (2, 1);
     setCentralWidget (splitter);
-    resize (ElementListWidth + PaletteWidth + 8, PaletteHeight + 24);
+    resize (ElementListWidth + PaletteWidth + PropertyPaletteWidth + 12, PaletteHeight + 24);
 
     QMenu* unitsMenu = menuBar ()->addMenu ("&Units");
     auto* group = new QActionGroup (this);
@@ -74,17 +86,21 @@ MainWindow::MainWindow (BuildingModel& model)
 
     connect (elements, &QTreeWidget::currentItemChanged, this, [this] (QTreeWidgetItem* current) {
         if (current == nullptr) return;
-        palette->ShowElement (current->data (0, Qt::UserRole).toString ().toStdString ());
+        const std::string id = current->data (0, Qt::UserRole).toString ().toStdString ();
+        palette->ShowElement (id);
         classifications->ShowElement (palette->GetElementId ());
+        properties->ShowElement (id);
     });
     if (elements->topLevelItemCount () > 0) elements->setCurrentItem (elements->topLevelItem (0));
     panel.Open ();
     classificationPanel.Open ();
+    propertyPanel.Open ();
 }
 
 MainWindow::~MainWindow ()
 {
     // The lists and their controls go before the panels and their views.
+    properties.reset ();
     classifications.reset ();
     palette.reset ();
 }
@@ -100,6 +116,7 @@ void MainWindow::ShowElement (const std::string& id)
     }
     if (palette->GetElementId () != id) palette->ShowElement (id);
     classifications->ShowElement (palette->GetElementId ());
+    if (properties->GetElementId () != id) properties->ShowElement (id);
 }
 
 void MainWindow::ShowUnits (bool metric)

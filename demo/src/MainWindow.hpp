@@ -1,12 +1,13 @@
 #pragma once
 // The demo's window: the elements of the building on the left, the settings palette of the
-// chosen element on the right, and a menu that switches the working units.
+// chosen element in the middle, its property sets on the right, and a menu that switches the working units.
 
 #include <QMainWindow>
 #include <memory>
 
 #include "BuildingModel.hpp"
 #include "ElementClassifications.hpp"
+#include "PropertyPalette.hpp"
 #include "SettingsPalette.hpp"
 #include "Wg/Panel.hpp"
 
@@ -24,6 +25,7 @@ public:
 
     SettingsPalette& GetPalette () { return *palette; }
     ElementClassifications& GetClassifications () { return *classifications; }
+    PropertyPalette& GetProperties () { return *properties; }
     // Shows the element in the list and the palette.
     void ShowElement (const std::string& id);
     // Checks the menu entry of the units (the palette follows by itself).
@@ -39,6 +41,10 @@ private:
     std::unique_ptr<SettingsPalette> palette;
     Wg::Panel                        classificationPanel;
     std::unique_ptr<ElementClassifications> classifications;
+    // The property list beside the settings: its sets and values, its panel and the palette.
+    std::unique_ptr<ElementPropertyStore> propertyStore;
+    Wg::Panel                             propertyPanel;
+    std::unique_ptr<PropertyPalette>      properties;
     QTreeWidget*                     elements = nullptr;
     QAction*                         metricAction = nullptr;
     QAction*                         imperialAction = nullptr;

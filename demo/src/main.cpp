@@ -25,6 +25,7 @@
 #include "ClassificationScreenshots.hpp"
 #include "DemoScript.hpp"
 #include "MainWindow.hpp"
+#include "PropertyScreenshots.hpp"
 #include "TxAttributeList/Version.hpp"
 #include "TxalQt/Backend.hpp"
 
@@ -193,6 +194,7 @@ int main (int argc, char** argv)
                 const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
                 if (!image.save (file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());
             });
+            Demo::SavePropertyScreenshots (window, screenshotDir, QString::fromStdString (options.suffix));
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
         if (options.scale.empty ()) {
