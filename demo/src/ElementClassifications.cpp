@@ -149,8 +149,7 @@ ElementClassifications::ElementClassifications (Wg::Panel& panel, const Building
       listBox (panel, Wg::Rect (Margin, Margin, panel.GetWidth () - Margin, panel.GetHeight () - Margin), ListBoxId)
 {
     list = std::make_unique<TxAL::ClassificationAttributeList> (*this, panel, ListBoxId, ListTitle);
-    list->Attach (static_cast<TxAL::ClassificationAttributeListObserver&> (*this));
-    panel.Attach (static_cast<Wg::PanelObserver&> (*this));
+    panel.Attach (*this);
 }
 
 ElementClassifications::~ElementClassifications ()
@@ -211,11 +210,6 @@ std::string ElementClassifications::Describe (const std::string& id) const
                (state->second.item.IsNull () ? std::string ("-") : state->second.item->GetCode ().ToUtf8 ());
     }
     return out;
-}
-
-void ElementClassifications::ClassificationSystemChanged (const TxAL::ClassificationAttributeList&, const ODB::ConstRef<CLS::ClassificationSystem>&)
-{
-    // The rows show what the user did already; the host has stored it.
 }
 
 void ElementClassifications::PanelResized (const Wg::PanelResizeEvent&)

@@ -37,9 +37,7 @@ private:
 };
 
 // The classification list of the shown element on a panel of its own.
-class ElementClassifications : public TxAL::IClassificationHandlerCollector,
-                               public TxAL::ClassificationAttributeListObserver,
-                               public Wg::PanelObserver {
+class ElementClassifications : public TxAL::IClassificationHandlerCollector, public Wg::PanelObserver {
 public:
     static constexpr short ListBoxId = 20;
 
@@ -58,9 +56,6 @@ public:
     Kor::Ref<TxAL::ClassificationItemSelectorPopup::IClassificationVisibilityGetter> GetClassificationVisibilityGetter () override;
 
 protected:
-    // --- TxAL::ClassificationAttributeListObserver ---
-    void ClassificationSystemChanged (const TxAL::ClassificationAttributeList& list,
-                                      const ODB::ConstRef<CLS::ClassificationSystem>& system) override;
     // --- Wg::PanelObserver ---
     void PanelResized (const Wg::PanelResizeEvent& event) override;
 

@@ -207,5 +207,24 @@ TEST_F (ClassificationListTest, DecoratorsForwardAndWrapEveryHandlerInPlace)
     EXPECT_THROW (empty.IsEditable (), Kor::NullReferenceException);
 }
 
+TEST_F (ClassificationListTest, ACopyShowsTheSameDataOnARowOfItsOwnWithoutObservers)
+{
+    AddHandler ("a", system.AsConst (), walls, true);
+    MakeList ().Update ();
+    Watch ();
+    TxAL::ClassificationListItem copy (*list->GetItems ()[0]);
+    EXPECT_TRUE (copy.GetItemData ().GetClassificationItem () == walls);
+    EXPECT_EQ (copy.GetRow ().GetText (), "Walls");
+    EXPECT_EQ (copy.GetObserverCount (), 0u) << "the list observes the original only";
+    EXPECT_EQ (Box ().GetItemCount (), 1) << "the copy's row is in no list";
+    TxAL::AttributeList& other = list->GetAttributeList ();
+    copy.AppendToAttributeList (other);
+    other.FullRefreshList (false);
+    ClickIcon (2);
+    EXPECT_EQ (TakeLog (), "") << "nobody hears the copy";
+    EXPECT_FALSE (copy.GetItemData ().IsAssociatedWithElem ());
+    EXPECT_TRUE (list->GetItems ()[0]->GetItemData ().IsAssociatedWithElem ());
+}
+
 }   // namespace
 }   // namespace ClassificationTest
