@@ -170,6 +170,9 @@ TEST_F (ClassificationListTest, ANullHandlerThrowsAndLeavesTheListUsable)
     MakeList ("Title");
     EXPECT_THROW (list->Update (), Kor::NullReferenceException);
     collector.handlers.DeleteLast ();
+    AddHandler ("nosystem", {}, {}, true);
+    EXPECT_THROW (list->Update (), Kor::NullReferenceException) << "a row needs its system";
+    collector.handlers.DeleteLast ();
     list->Update ();
     EXPECT_EQ (Rows (), "1:Title 2:Uniclass 2015|Walls");
     list->GetAttributeList ().CreateTextItem ("Check", {}, "", false, true, false, true, false);
