@@ -54,6 +54,7 @@ TEST_F (ClassificationListTest, WithoutTitleOrSystemsThereIsNothingToSelect)
     MakeList ().Update ();
     EXPECT_EQ (Box ().GetItemCount (), 0);
     EXPECT_EQ (Box ().GetSelectedItem (), 0);
+    EXPECT_EQ (list->GetAttributeList ().GetOnTabItems ().GetTextEdit ().GetMaxLength (), 2048) << "long class names fit";
     AddHandler ("a", system.AsConst (), {}, true);
     list->Update ();
     EXPECT_EQ (Rows (), "1:Uniclass 2015|Unclassified");
