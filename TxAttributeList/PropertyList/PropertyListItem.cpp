@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "Kor/LifeWatch.hpp"
 #include "PropertyList/DisplayRules.hpp"
 #include "TxAttributeList/AttributeListGroupItem.hpp"
 #include "TxAttributeList/ResourceHelpers.hpp"
@@ -184,7 +185,12 @@ void PropertyListItem::Update (const Kor::Ref<PropertyListItemValueGetter>& gett
 {
     if (!(getter == valueGetter)) valueGetter = getter;
     hasCustomValue = hasCustom;
-    if (IsValueToBeShown ()) CalculatePropertyValue ();
+    if (IsValueToBeShown ()) {
+        // The getter is the host's: it may remove this item.
+        Kor::LifeWatch alive (*this);
+        CalculatePropertyValue ();
+        if (alive.IsGone ()) return;
+    }
     FillHasCustomValuePopupItems ();
     UpdateListItemHasCustomValuePopupIndex ();
     ChangeCurrentAttributeListItem (GetVisibleAttributeListItem ());
@@ -296,7 +302,10 @@ bool PropertyListItem::CalculatePropertyValue ()
 void PropertyListItem::CalculateOnButton (const AttributeListIconButtonItem& source)
 {
     if (&source != &placeholderItem) return;
-    calculationState = CalculatePropertyValue () ? Calculated : CalculationFailed;
+    Kor::LifeWatch alive (*this);
+    const bool     calculated = CalculatePropertyValue ();
+    if (alive.IsGone ()) return;
+    calculationState = calculated ? Calculated : CalculationFailed;
     ChangeCurrentAttributeListItem (GetVisibleAttributeListItem ());
 }
 
@@ -360,7 +369,9 @@ void PropertyListItem::HasCustomValuePopupChanged (const AttributeListItem& sour
             hasWanted = true;
         }
     }
+    Kor::LifeWatch alive (*this);
     SetHasCustomValue (wantCustom, hasWanted ? &wanted : nullptr);
+    if (alive.IsGone ()) return;
     const Kor::Owner<Kor::DynamicValue> newCustom = CopyOfCustomValue ();
     NotifyObservers<PropertyListItemObserver> (
         [&] (PropertyListItemObserver& o) { o.HasCustomValueChanged (*this, oldCustom.Get (), newCustom.Get ()); });

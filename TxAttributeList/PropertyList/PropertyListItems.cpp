@@ -1,5 +1,6 @@
 #include "TxAttributeList/PropertyListItems.hpp"
 
+#include "Kor/LifeWatch.hpp"
 #include "KorUtils/ResourceString.hpp"
 #include "PropertyList/DisplayRules.hpp"
 
@@ -45,8 +46,10 @@ void PropertyListBooleanItem::SelectionChanged (const AttributeListSelectionItem
 {
     if (&item != &valueItem) return;
     SetValue (Kor::NewOwner<Kor::BoolValue> (valueItem.GetSelected () == TrueEntry));
+    // Rewriting the row may commit typing elsewhere, whose observers may remove this item.
+    Kor::LifeWatch alive (*this);
     UpdateValueAttributeListItem ();
-    PropertyValueChanged ();
+    if (alive.IsAlive ()) PropertyValueChanged ();
 }
 
 // --- Integer ---
@@ -158,8 +161,9 @@ void PropertyListSingleEnumerationItem::SelectionChanged (const AttributeListSel
     // A text that names no value of the enumeration is no edit.
     if (chosen == nullptr) return;
     SetValue (chosen->Clone ());
+    Kor::LifeWatch alive (*this);
     UpdateValueAttributeListItem ();
-    PropertyValueChanged ();
+    if (alive.IsAlive ()) PropertyValueChanged ();
 }
 
 }   // namespace TxAL

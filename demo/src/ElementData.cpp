@@ -4,7 +4,7 @@
 #include <array>
 #include <filesystem>
 
-#include "ElementClassifications.hpp"
+#include "ElementClassificationStore.hpp"
 #include "TxImport/ClassificationImport.hpp"
 
 namespace Demo {

@@ -4,9 +4,9 @@
 
 namespace Demo {
 
-// --- ElementPropertyHandler ---
+// --- SelectionPropertyHandler ---
 
-ElementPropertyHandler::ElementPropertyHandler (BuildingModel& model, std::vector<std::string> elementIds,
+SelectionPropertyHandler::SelectionPropertyHandler (BuildingModel& model, std::vector<std::string> elementIds,
                                                 Kor::ConstSharedPtr<Property::PropertyDefinition> definition, StoreListener stored)
     : model (model),
       elementIds (std::move (elementIds)),
@@ -16,12 +16,12 @@ ElementPropertyHandler::ElementPropertyHandler (BuildingModel& model, std::vecto
 {
 }
 
-const Element* ElementPropertyHandler::FirstElement () const
+const Element* SelectionPropertyHandler::FirstElement () const
 {
     return elementIds.empty () ? nullptr : model.Find (elementIds.front ());
 }
 
-Kor::Owner<Kor::DynamicValue> ElementPropertyHandler::GetValue (const Kor::DynamicValueConversionRules&)
+Kor::Owner<Kor::DynamicValue> SelectionPropertyHandler::GetValue (const Kor::DynamicValueConversionRules&)
 {
     const Element* element = FirstElement ();
     if (element != nullptr)
@@ -30,13 +30,13 @@ Kor::Owner<Kor::DynamicValue> ElementPropertyHandler::GetValue (const Kor::Dynam
     return definition->GetDefaultValue ().Clone ();
 }
 
-bool ElementPropertyHandler::HasCustomValue () const
+bool SelectionPropertyHandler::HasCustomValue () const
 {
     const Element* element = FirstElement ();
     return element != nullptr && element->Has (key);
 }
 
-void ElementPropertyHandler::SetValue (const Kor::DynamicValue* value)
+void SelectionPropertyHandler::SetValue (const Kor::DynamicValue* value)
 {
     if (value == nullptr) return;
     const std::string text = ElementData::ValueToText (*definition, *value);
@@ -45,22 +45,22 @@ void ElementPropertyHandler::SetValue (const Kor::DynamicValue* value)
     if (stored) stored ();
 }
 
-void ElementPropertyHandler::RemoveCustomValue ()
+void SelectionPropertyHandler::RemoveCustomValue ()
 {
     for (const std::string& id : elementIds)
         if (Element* element = model.Find (id)) element->Remove (key);
     if (stored) stored ();
 }
 
-// --- ElementClassificationHandler ---
+// --- SelectionClassificationHandler ---
 
-ElementClassificationHandler::ElementClassificationHandler (BuildingModel& model, const ElementData::ClassificationSystemEntry& system,
+SelectionClassificationHandler::SelectionClassificationHandler (BuildingModel& model, const ElementData::ClassificationSystemEntry& system,
                                                             std::vector<std::string> elementIds, StoreListener stored)
     : model (model), system (system), elementIds (std::move (elementIds)), stored (std::move (stored))
 {
 }
 
-CLS::ElemClassificationData ElementClassificationHandler::GetClassificationData ()
+CLS::ElemClassificationData SelectionClassificationHandler::GetClassificationData ()
 {
     const Element* element = elementIds.empty () ? nullptr : model.Find (elementIds.front ());
     const std::string code = element != nullptr ? element->Get (system.key).value_or ("") : std::string ();
@@ -68,7 +68,7 @@ CLS::ElemClassificationData ElementClassificationHandler::GetClassificationData 
     return CLS::ElemClassificationData (system.system.AsConst (), item, !item.IsNull ());
 }
 
-void ElementClassificationHandler::SetClassificationItem (const ODB::ConstRef<CLS::ClassificationItem>& item) const
+void SelectionClassificationHandler::SetClassificationItem (const ODB::ConstRef<CLS::ClassificationItem>& item) const
 {
     for (const std::string& id : elementIds) {
         Element* element = model.Find (id);

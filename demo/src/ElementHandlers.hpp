@@ -18,9 +18,9 @@ namespace Demo {
 using StoreListener = std::function<void ()>;
 
 // One property of the selected elements.
-class ElementPropertyHandler : public TxAL::IUserDefinedPropertyHandler {
+class SelectionPropertyHandler : public TxAL::IUserDefinedPropertyHandler {
 public:
-    ElementPropertyHandler (BuildingModel& model, std::vector<std::string> elementIds, Kor::ConstSharedPtr<Property::PropertyDefinition> definition,
+    SelectionPropertyHandler (BuildingModel& model, std::vector<std::string> elementIds, Kor::ConstSharedPtr<Property::PropertyDefinition> definition,
                             StoreListener stored);
 
     Kor::ConstSharedPtr<Property::PropertyDefinition> GetPropertyDefinition () override { return definition; }
@@ -46,9 +46,9 @@ private:
 };
 
 // The classification of the selected elements in one classification system.
-class ElementClassificationHandler : public TxAL::ClassificationSystemHandler {
+class SelectionClassificationHandler : public TxAL::ClassificationSystemHandler {
 public:
-    ElementClassificationHandler (BuildingModel& model, const ElementData::ClassificationSystemEntry& system, std::vector<std::string> elementIds,
+    SelectionClassificationHandler (BuildingModel& model, const ElementData::ClassificationSystemEntry& system, std::vector<std::string> elementIds,
                                   StoreListener stored);
 
     CLS::ElemClassificationData GetClassificationData () override;

@@ -18,6 +18,9 @@ namespace {
 
 constexpr int ElementListWidth = 230;
 constexpr int DialogMinimumWidth = 360;
+constexpr int PropertyPaletteWidth = 420;
+constexpr int PropertyPaletteMinimumWidth = 320;
+constexpr short PropertyPanelId = 3;
 
 std::string IdOf (const QTreeWidgetItem* row)
 {
@@ -27,9 +30,16 @@ std::string IdOf (const QTreeWidgetItem* row)
 }   // namespace
 
 MainWindow::MainWindow (BuildingModel& model, const ElementData& data, const std::string& stateFile)
-    : model (model), dialog (std::make_unique<ElementSettingsDialog> (model, data, stateFile))
+    : model (model),
+      dialog (std::make_unique<ElementSettingsDialog> (model, data, stateFile)),
+      propertyPanel (Wg::Rect (0, 0, PropertyPaletteWidth, ElementSettingsDialog::Height), PropertyPanelId, Kor::UniString ("Properties"))
 {
     setWindowTitle ("TxAttributeList demo: element settings");
+    // The published files have a few flaws (properties without a data type): the demo shows
+    // what could be read; the importer's tests hold what could not.
+    TxImport::ImportDiagnostics propertyProblems;
+    propertyStore = std::make_unique<ElementPropertyStore> (model, GetPropertySetFolder (), GetCustomPropertyValues (), propertyProblems);
+    properties = std::make_unique<PropertyPalette> (propertyPanel, *propertyStore);
 
     auto* splitter = new QSplitter (this);
     elements = new QTreeWidget (splitter);
@@ -58,12 +68,16 @@ MainWindow::MainWindow (BuildingModel& model, const ElementData& data, const std
     dialogArea->setCurrentWidget (closedNote);
     dialog->openChanged = [this, view] (bool open) { dialogArea->setCurrentWidget (open ? static_cast<QWidget*> (view) : closedNote); };
 
+    TxalQt::PanelView* propertyView = TxalQt::Backend::AttachPanel (propertyPanel, splitter);
+    propertyView->setMinimumWidth (PropertyPaletteMinimumWidth);
     splitter->addWidget (elements);
     splitter->addWidget (dialogArea);
-    splitter->setSizes ({ElementListWidth, ElementSettingsDialog::Width});
+    splitter->addWidget (propertyView);
+    splitter->setSizes ({ElementListWidth, ElementSettingsDialog::Width, PropertyPaletteWidth});
     splitter->setStretchFactor (1, 1);
+    splitter->setStretchFactor (2, 1);
     setCentralWidget (splitter);
-    resize (ElementListWidth + ElementSettingsDialog::Width + 8, ElementSettingsDialog::Height + 24);
+    resize (ElementListWidth + ElementSettingsDialog::Width + PropertyPaletteWidth + 12, ElementSettingsDialog::Height + 24);
 
     QMenu* elementMenu = menuBar ()->addMenu ("&Element");
     QAction* openAction = elementMenu->addAction ("&Settings");
@@ -87,11 +101,13 @@ MainWindow::MainWindow (BuildingModel& model, const ElementData& data, const std
 
     connect (elements, &QTreeWidget::itemSelectionChanged, this, [this] { SelectionChanged (); });
     if (elements->topLevelItemCount () > 0) elements->setCurrentItem (elements->topLevelItem (0));
+    propertyPanel.Open ();
 }
 
 MainWindow::~MainWindow ()
 {
-    // The dialog's pages, lists and controls go before the view.
+    // The dialog's pages, the lists and their controls go before the panels and their views.
+    properties.reset ();
     dialog.reset ();
 }
 
@@ -104,13 +120,16 @@ void MainWindow::SelectionChanged ()
         QTreeWidgetItem* row = elements->topLevelItem (i);
         if (row->isSelected () && row != elements->currentItem ()) ids.push_back (IdOf (row));
     }
-    if (!ids.empty ()) dialog->ShowElements (ids);
+    if (ids.empty ()) return;
+    dialog->ShowElements (ids);
+    if (properties->GetElementId () != ids.front ()) properties->ShowElement (ids.front ());
 }
 
 void MainWindow::ShowElement (const std::string& id)
 {
     ShowSelection ({id});
     if (dialog->GetSelection () != std::vector<std::string> {id}) dialog->ShowElements ({id});
+    if (properties->GetElementId () != id) properties->ShowElement (id);
 }
 
 void MainWindow::ShowSelection (const std::vector<std::string>& ids)
@@ -123,6 +142,7 @@ void MainWindow::ShowSelection (const std::vector<std::string>& ids)
         if (selected && !ids.empty () && IdOf (row) == ids.front ()) elements->setCurrentItem (row);
         row->setSelected (selected);
     }
+    if (!ids.empty () && properties->GetElementId () != ids.front ()) properties->ShowElement (ids.front ());
 }
 
 void MainWindow::ShowUnits (bool metric)

@@ -1,8 +1,8 @@
 #pragma once
 // The demo's window: the elements of the building on the left, the element settings dialog of
-// the selected elements on the right (the settings palette and the classifications and
-// properties page on two tabs), and menus that switch the working units and open or close the
-// dialog.
+// the selected elements in the middle (the settings palette and the classifications and
+// properties page on two tabs), the property palette of the current element on the right, and
+// menus that switch the working units and open or close the dialog.
 
 #include <QMainWindow>
 #include <memory>
@@ -12,6 +12,7 @@
 #include "BuildingModel.hpp"
 #include "ElementData.hpp"
 #include "ElementSettingsDialog.hpp"
+#include "PropertyPalette.hpp"
 #include "SettingsPalette.hpp"
 
 class QAction;
@@ -31,6 +32,7 @@ public:
 
     SettingsPalette&       GetPalette () { return dialog->GetPalette (); }
     ElementSettingsDialog& GetDialog () { return *dialog; }
+    PropertyPalette&       GetProperties () { return *properties; }
     // Shows the element in the list and the dialog.
     void ShowElement (const std::string& id);
     // Selects the elements in the list (the dialog shows them already).
@@ -46,6 +48,10 @@ private:
 
     BuildingModel&                         model;
     std::unique_ptr<ElementSettingsDialog> dialog;
+    // The property list beside the dialog: its sets and values, its panel and the palette.
+    std::unique_ptr<ElementPropertyStore>  propertyStore;
+    Wg::Panel                              propertyPanel;
+    std::unique_ptr<PropertyPalette>       properties;
     QTreeWidget*                           elements = nullptr;
     QStackedWidget*                        dialogArea = nullptr;
     QLabel*                                closedNote = nullptr;

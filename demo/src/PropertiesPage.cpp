@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "ElementClassifications.hpp"
+#include "ElementClassificationStore.hpp"
 
 namespace Demo {
 
@@ -47,9 +47,9 @@ void PropertiesPage::MakeHandlers ()
     if (first == nullptr) return;
     for (const TxImport::PropertySet* set : data.GetPropertySetsOf (first->GetKind ()))
         for (const auto& definition : set->definitions)
-            propertyHandlers.Push (Kor::Ref<TxAL::IUserDefinedPropertyHandler> (new ElementPropertyHandler (model, selection, definition, stored)));
+            propertyHandlers.Push (Kor::Ref<TxAL::IUserDefinedPropertyHandler> (new SelectionPropertyHandler (model, selection, definition, stored)));
     for (const ElementData::ClassificationSystemEntry& system : data.GetClassificationSystems ())
-        classificationHandlers.Push (Kor::Ref<TxAL::ClassificationSystemHandler> (new ElementClassificationHandler (model, system, selection, stored)));
+        classificationHandlers.Push (Kor::Ref<TxAL::ClassificationSystemHandler> (new SelectionClassificationHandler (model, system, selection, stored)));
 }
 
 Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> PropertiesPage::CollectUserDefinedPropertyHandlers (const Kor::Array<Kor::Guid>& propertyGuids)

@@ -32,6 +32,7 @@
 #include "ElementDialogScript.hpp"
 #include "MainWindow.hpp"
 #include "PageStateFile.hpp"
+#include "PropertyScreenshots.hpp"
 #include "TxAttributeList/Version.hpp"
 #include "TxalQt/Backend.hpp"
 
@@ -184,7 +185,7 @@ int main (int argc, char** argv)
 
     // The property sets and the classification system come from the project's data files.
     TxImport::ImportDiagnostics diagnostics;
-    const Demo::ElementData data = Demo::ElementData::Load (options.dataDir.empty () ? TXAL_DEMO_DATA_DIR : options.dataDir, diagnostics);
+    const Demo::ElementData data = Demo::ElementData::Load (options.dataDir.empty () ? TXAL_PROJECT_DATA_DIR : options.dataDir, diagnostics);
     // The real files have known gaps (properties without a data type), which the importer skips;
     // only a missing file is worth a word.
     if (data.GetPropertySets ().empty () || data.GetClassificationSystem ().IsNull ())
@@ -256,6 +257,7 @@ int main (int argc, char** argv)
                 const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
                 if (!image.save (file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());
             });
+            Demo::SavePropertyScreenshots (window, screenshotDir, QString::fromStdString (options.suffix));
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
         if (options.scale.empty ()) {

@@ -62,7 +62,7 @@ TEST_F (ElementClassificationsTest, EachElementShowsBothSystemsWithWhatItStartsW
     EXPECT_EQ (Rows (), "1:Classifications 2:CCI Construction 1.0|Wall construction 3:Element types|Walls");
     classifications.ShowElement ("Z-01");
     EXPECT_EQ (Rows (), "1:Classifications 2:CCI Construction 1.0|Unclassified 3:Element types|Zones");
-    EXPECT_EQ (classifications.Describe ("Z-01"), "Element types: ZN");
+    EXPECT_EQ (classifications.GetStore ().Describe ("Z-01"), "Element types: ZN");
     classifications.ShowElement ("nothing");
     EXPECT_EQ (Rows (), "1:Classifications");
 }
@@ -84,20 +84,20 @@ TEST_F (ElementClassificationsTest, ADoorIsOfferedNoWallClassAndThePopupSaysItem
     PressButton (0);
     EXPECT_EQ (wallResults, 0);
     EXPECT_EQ (information, "Some items are hidden because they do not apply to the selected elements.");
-    EXPECT_EQ (classifications.Describe ("D-01"), "CCI Construction: L-QQC; Element types: OP-DR");
-    EXPECT_EQ (classifications.GetStoredChangeCount (), 1);
+    EXPECT_EQ (classifications.GetStore ().Describe ("D-01"), "CCI Construction: L-QQC; Element types: OP-DR");
+    EXPECT_EQ (classifications.GetStore ().GetStoredChangeCount (), 1);
 }
 
 TEST_F (ElementClassificationsTest, ChoicesAndAssociationsStayWithTheElement)
 {
     classifications.ShowElement ("W-02");
     ClickIcon (3);
-    EXPECT_EQ (classifications.Describe ("W-02"), "CCI Construction: L-AD") << "taken out of the element types";
+    EXPECT_EQ (classifications.GetStore ().Describe ("W-02"), "CCI Construction: L-AD") << "taken out of the element types";
     classifications.ShowElement ("W-01");
     classifications.ShowElement ("W-02");
     EXPECT_EQ (Rows (), "1:Classifications 2:CCI Construction 1.0|Wall construction 3:Element types|Unclassified");
     ClickIcon (3);
-    EXPECT_EQ (classifications.Describe ("W-02"), "CCI Construction: L-AD; Element types: WL") << "back in, with the type it had";
+    EXPECT_EQ (classifications.GetStore ().Describe ("W-02"), "CCI Construction: L-AD; Element types: WL") << "back in, with the type it had";
 }
 
 }   // namespace

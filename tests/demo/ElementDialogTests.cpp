@@ -24,7 +24,7 @@ const Demo::ElementData& Data ()
 {
     static const Demo::ElementData data = [] {
         TxImport::ImportDiagnostics diagnostics;
-        return Demo::ElementData::Load (TXAL_DEMO_DATA_DIR, diagnostics);
+        return Demo::ElementData::Load (TXAL_PROJECT_DATA_DIR, diagnostics);
     }();
     return data;
 }

@@ -26,13 +26,13 @@ std::string Document (std::initializer_list<std::string> classes)
 {
     std::string json = R"({"DictionaryName":"Test","DictionaryVersion":"2","Classes":[)";
     bool first = true;
-    for (const std::string& spec : classes) {
-        const std::size_t lt = spec.find ('<');
-        const std::string code = spec.substr (0, lt);
+    for (const std::string& entry : classes) {
+        const std::size_t lt = entry.find ('<');
+        const std::string code = entry.substr (0, lt);
         json += first ? "" : ",";
         first = false;
         json += R"({"Code":")" + code + R"(","Name":"N)" + code + "\"";
-        if (lt != std::string::npos) json += R"(,"ParentClassCode":")" + spec.substr (lt + 1) + "\"";
+        if (lt != std::string::npos) json += R"(,"ParentClassCode":")" + entry.substr (lt + 1) + "\"";
         json += "}";
     }
     return json + "]}";

@@ -19,6 +19,7 @@
 #include "Strings.hpp"
 #include "Theme.hpp"
 #include "TxalQt/PanelView.hpp"
+#include "UserDialogPopups.hpp"
 
 namespace TxalQt {
 
@@ -159,6 +160,8 @@ void QtModalRunner::Run (Wg::ModalSession& session)
                 QWidget* anchor = FindItemWidget (session.GetAnchor ());
                 ItemSelectionPopup popup (*selection, anchor);
                 popup.Exec (PopupPosition (anchor));
+            } else {
+                RunUserDialogPopup (session);
             }
             break;
     }

@@ -5,7 +5,8 @@
 //   Picker sessions    -> a grid of swatches (PickerPopup) when every entry has a colour or an
 //                         icon and the control asks for a grid, otherwise a QMenu with swatches
 //   Dialog sessions    -> the item selection popup (ItemSelectionPopup) for item selection
-//                         dialogs; other dialogs are cancelled
+//                         dialogs, the user dialogs' popups (UserDialogPopups.hpp) for the
+//                         checklist and the list edit; other dialogs are cancelled
 // Steps: hovering an entry -> Track (i); leaving the entries -> Track (0); a choice -> Choose (i)
 // once the popup has closed; closing without a choice -> Cancel.
 

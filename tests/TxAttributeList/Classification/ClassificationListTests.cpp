@@ -54,6 +54,7 @@ TEST_F (ClassificationListTest, WithoutTitleOrSystemsThereIsNothingToSelect)
     MakeList ().Update ();
     EXPECT_EQ (Box ().GetItemCount (), 0);
     EXPECT_EQ (Box ().GetSelectedItem (), 0);
+    EXPECT_EQ (list->GetAttributeList ().GetOnTabItems ().GetTextEdit ().GetMaxLength (), 2048) << "long class names fit";
     AddHandler ("a", system.AsConst (), {}, true);
     list->Update ();
     EXPECT_EQ (Rows (), "1:Uniclass 2015|Unclassified");
@@ -170,6 +171,9 @@ TEST_F (ClassificationListTest, ANullHandlerThrowsAndLeavesTheListUsable)
     MakeList ("Title");
     EXPECT_THROW (list->Update (), Kor::NullReferenceException);
     collector.handlers.DeleteLast ();
+    AddHandler ("nosystem", {}, {}, true);
+    EXPECT_THROW (list->Update (), Kor::NullReferenceException) << "a row needs its system";
+    collector.handlers.DeleteLast ();
     list->Update ();
     EXPECT_EQ (Rows (), "1:Title 2:Uniclass 2015|Walls");
     list->GetAttributeList ().CreateTextItem ("Check", {}, "", false, true, false, true, false);
@@ -205,6 +209,25 @@ TEST_F (ClassificationListTest, DecoratorsForwardAndWrapEveryHandlerInPlace)
 
     TxAL::ClassificationSystemHandlerDecorator empty {Kor::Ref<TxAL::ClassificationSystemHandler> ()};
     EXPECT_THROW (empty.IsEditable (), Kor::NullReferenceException);
+}
+
+TEST_F (ClassificationListTest, ACopyShowsTheSameDataOnARowOfItsOwnWithoutObservers)
+{
+    AddHandler ("a", system.AsConst (), walls, true);
+    MakeList ().Update ();
+    Watch ();
+    TxAL::ClassificationListItem copy (*list->GetItems ()[0]);
+    EXPECT_TRUE (copy.GetItemData ().GetClassificationItem () == walls);
+    EXPECT_EQ (copy.GetRow ().GetText (), "Walls");
+    EXPECT_EQ (copy.GetObserverCount (), 0u) << "the list observes the original only";
+    EXPECT_EQ (Box ().GetItemCount (), 1) << "the copy's row is in no list";
+    TxAL::AttributeList& other = list->GetAttributeList ();
+    copy.AppendToAttributeList (other);
+    other.FullRefreshList (false);
+    ClickIcon (2);
+    EXPECT_EQ (TakeLog (), "") << "nobody hears the copy";
+    EXPECT_FALSE (copy.GetItemData ().IsAssociatedWithElem ());
+    EXPECT_TRUE (list->GetItems ()[0]->GetItemData ().IsAssociatedWithElem ());
 }
 
 }   // namespace

@@ -129,6 +129,49 @@ TEST_F (ContainerTest, ObserversHearAfterTheHandlerNewestFirst)
     container.Detach (second);
 }
 
+// Rebuilds every row from inside the notification, as a host that shows a new selection would.
+class Rebuilder : public TxAL::PropertyListItemContainerObserver {
+public:
+    Rebuilder (TxAL::PropertyListItemContainer& container, TxAL::AttributeList& list) : container (container), list (list) {}
+    void PropertyChanged (const TxAL::PropertyListItemContainer&, const Kor::Guid&) override
+    {
+        list.ClearList (false);
+        container.InvalidatePropertyListItems ();
+        container.AppendToAttributeList (list);
+        list.FullRefreshList (false);
+        ++rebuilds;
+    }
+    int rebuilds = 0;
+
+private:
+    TxAL::PropertyListItemContainer& container;
+    TxAL::AttributeList&             list;
+};
+
+TEST_F (ContainerTest, RowsRebuiltWhileTheirEditIsReportedStaySafe)
+{
+    Add ({"Note", PropertyValueType::String, MeasureType::Undefined}, nullptr, Kor::NewOwner<Kor::StringValue> (Kor::UniString ("a")));
+    Add ({"Width", PropertyValueType::Real, MeasureType::Length}, Num (0.0), Num (1.0));
+    Add ({"Loaded", PropertyValueType::Boolean, MeasureType::Undefined}, nullptr, Kor::NewOwner<Kor::BoolValue> (true));
+    Add ({"Area", PropertyValueType::Real, MeasureType::Area}, Num (4.0)).displayMode = IUserDefinedPropertyHandler::CalculatedOnDemand;
+    Rebuilder rebuilder (container, *harness.list);
+    container.Attach (rebuilder);
+    Show ();
+    harness.ClickColumn (2, ValueColumn ());
+    Controls ().GetTextEdit ().UserType ("b");
+    harness.Key (Wg::Key::Return);
+    harness.ClickColumn (3, ValueColumn ());
+    Controls ().GetLengthEdit ().UserType ("2");
+    harness.Key (Wg::Key::Return);
+    Runner ().QueueChoose (2);
+    harness.Click (4, harness.ListBox ().GetTabFieldEndPosition (harness.list->GetCheckColumnIndex ()));
+    ChoosePopupEntry (3, 1);
+    EXPECT_EQ (Take (), "Set(Note=ab) Changed(Note) Set(Width=2) Changed(Width) Set(Loaded=No) Changed(Loaded) Remove(Width) Changed(Width)");
+    EXPECT_EQ (rebuilder.rebuilds, 4);
+    EXPECT_EQ (Rows (), "1:▾Common 2:  Note|ab 3:  Width|Not calculated 4:  Loaded|No 5:  Area|Not calculated");
+    container.Detach (rebuilder);
+}
+
 // --- The creator ---
 
 class CreatorTest : public PropertyListFixture {

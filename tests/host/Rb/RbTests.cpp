@@ -137,6 +137,7 @@ TEST (RbResourceTest, TheInformationIconExists)
     EXPECT_TRUE (icon.IsValid ());
     EXPECT_EQ (Wg::GetIconSize (icon), Gfx::Size (16, 16));
     EXPECT_TRUE (Rb::GetResourceIcon (18).IsEmpty ());
+    EXPECT_EQ (Rb::GetResourceString (Rb::PopupNamesResId, Rb::ChecklistNameIndex), "Choose values");
 }
 
 }   // namespace

@@ -14,6 +14,11 @@ constexpr const char* ResModuleName = "Rb";
 // String list of the common strings of GetResourceCommonString.
 constexpr int CommonStringsResId = 1;
 
+// String list of the popups' names, read by assistive technology.
+constexpr int PopupNamesResId = 2;
+constexpr int ChecklistNameIndex = 1;
+constexpr int ListEditNameIndex = 2;
+
 // Icons of the module.
 constexpr int InformationIconId = 17;        // a plain information mark
 constexpr int ItemsHiddenIconId = 1109;      // some entries are not shown
