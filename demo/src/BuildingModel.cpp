@@ -28,10 +28,9 @@ std::string Trim (const std::string& text)
     throw ModelError (fileName + ":" + std::to_string (line) + ": " + reason);
 }
 
-// Letters, digits, '_', and '.' between a property set and its property ("Pset_WallCommon.Status").
 bool IsKey (const std::string& key)
 {
-    return !key.empty () && std::all_of (key.begin (), key.end (), [] (char c) { return std::isalnum (static_cast<unsigned char> (c)) || c == '_' || c == '.'; });
+    return !key.empty () && std::all_of (key.begin (), key.end (), [] (char c) { return std::isalnum (static_cast<unsigned char> (c)) || c == '_'; });
 }
 
 }   // namespace
@@ -46,11 +45,6 @@ std::optional<std::string> Element::Get (const std::string& key) const
     for (const auto& [k, v] : settings)
         if (k == key) return v;
     return std::nullopt;
-}
-
-void Element::Remove (const std::string& key)
-{
-    std::erase_if (settings, [&key] (const auto& setting) { return setting.first == key; });
 }
 
 void Element::Set (const std::string& key, const std::string& value)

@@ -27,8 +27,6 @@ public:
     std::optional<std::string> Get (const std::string& key) const;
     // Adds the key at the end when it is new.
     void                       Set (const std::string& key, const std::string& value);
-    // Removes the key when it is there.
-    void                       Remove (const std::string& key);
     const std::vector<std::pair<std::string, std::string>>& GetSettings () const { return settings; }
 
 private:

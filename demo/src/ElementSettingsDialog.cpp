@@ -16,6 +16,9 @@ constexpr const char* ResStrings = "[1]\n1 = Settings\n";
 constexpr const char* ResDialogs = "[100] 448 x 547\n";
 
 constexpr short DialogPanelId = 1;
+// Where the splitter's centre line starts when no state was kept: the classification list shows
+// its title and both systems' rows (the page itself would start at its minimum).
+constexpr short InitialSplitterPosition = 92;
 constexpr int   Margin = 6;
 constexpr int   ButtonWidth = 80;
 constexpr int   ButtonHeight = 26;
@@ -41,9 +44,11 @@ Wg::Rect CloseButtonRect (int width, int height)
 
 }   // namespace
 
-ElementSettingsDialog::ElementSettingsDialog (BuildingModel& model, const ElementData& data, std::string stateFile)
+ElementSettingsDialog::ElementSettingsDialog (BuildingModel& model, ElementPropertyStore& properties, ElementClassificationStore& classifications,
+                                              std::string stateFile)
     : model (model),
-      data (data),
+      properties (properties),
+      classifications (classifications),
       stateFile (std::move (stateFile)),
       panel (Wg::Rect (0, 0, Width, Height), DialogPanelId, Kor::UniString ("Element settings")),
       tabs (panel, TabsRect (Width, Height)),
@@ -52,6 +57,7 @@ ElementSettingsDialog::ElementSettingsDialog (BuildingModel& model, const Elemen
       palette (std::make_unique<SettingsPalette> (settingsPage, model)),
       pageState (this->stateFile.empty () ? TxAL::ClassificationsAndPropertiesPageState () : PageStateFile::Read (this->stateFile))
 {
+    if (pageState.GetSplitterPosition () == 0) pageState.SetSplitterPosition (InitialSplitterPosition);
     closeButton.SetText (Kor::UniString ("Close"));
     closeButton.Attach (static_cast<Wg::ButtonItemObserver&> (*this));
     panel.Attach (static_cast<Wg::PanelObserver&> (*this));
@@ -81,7 +87,7 @@ void ElementSettingsDialog::ShowElements (const std::vector<std::string>& ids)
 void ElementSettingsDialog::Open ()
 {
     if (page != nullptr) return;
-    page = std::make_unique<PropertiesPage> (tabs, options, model, data, selection, [this] { ++pageStoreCount; });
+    page = std::make_unique<PropertiesPage> (tabs, options, model, properties, classifications, selection);
     page->Init ();
     page->RestorePageState (pageState);
     tabs.SelectTab (lastTab);

@@ -14,7 +14,8 @@
 #include <vector>
 
 #include "BuildingModel.hpp"
-#include "ElementData.hpp"
+#include "ElementClassificationStore.hpp"
+#include "ElementProperties.hpp"
 #include "PropertiesPage.hpp"
 #include "SettingsPalette.hpp"
 #include "TxAttributeList/ClassificationsAndPropertiesPageTypes.hpp"
@@ -33,8 +34,10 @@ public:
     static constexpr short SettingsTab = 1;
     static constexpr short PropertiesTab = 2;
 
-    // The state file is read now and written at every close (none: kept in memory only).
-    ElementSettingsDialog (BuildingModel& model, const ElementData& data, std::string stateFile);
+    // The stores are not owned and must outlive the dialog. The state file is read now and
+    // written at every close (none: kept in memory only).
+    ElementSettingsDialog (BuildingModel& model, ElementPropertyStore& properties, ElementClassificationStore& classifications,
+                           std::string stateFile);
     ~ElementSettingsDialog () override;
 
     Wg::Panel&       GetPanel () { return panel; }
@@ -52,7 +55,10 @@ public:
     bool IsOpen () const { return page != nullptr; }
 
     // How many of the user's edits reached the model, through either tab.
-    int GetStoredChangeCount () const { return palette->GetStoredChangeCount () + pageStoreCount; }
+    int GetStoredChangeCount () const
+    {
+        return palette->GetStoredChangeCount () + properties.GetStoreCount () + classifications.GetStoredChangeCount ();
+    }
 
     // Told after the dialog opened or closed (a window shows or hides the dialog's view).
     std::function<void (bool open)> openChanged;
@@ -65,7 +71,8 @@ protected:
 
 private:
     BuildingModel&                              model;
-    const ElementData&                          data;
+    ElementPropertyStore&                       properties;
+    ElementClassificationStore&                 classifications;
     std::string                                 stateFile;
     Wg::Panel                                   panel;
     Wg::TabControl                              tabs;
@@ -77,7 +84,6 @@ private:
     TxAL::ClassificationsAndPropertiesPageState pageState;
     std::vector<std::string>                    selection;
     short                                       lastTab = SettingsTab;
-    int                                         pageStoreCount = 0;
 };
 
 }   // namespace Demo

@@ -22,6 +22,14 @@ constexpr int PropertyPaletteWidth = 420;
 constexpr int PropertyPaletteMinimumWidth = 320;
 constexpr short PropertyPanelId = 3;
 
+// The published files have a few flaws (properties without a data type): the demo shows what
+// could be read; the importer's tests hold what could not.
+std::unique_ptr<ElementPropertyStore> MakePropertyStore (const BuildingModel& model)
+{
+    TxImport::ImportDiagnostics problems;
+    return std::make_unique<ElementPropertyStore> (model, GetPropertySetFolder (), GetCustomPropertyValues (), problems);
+}
+
 std::string IdOf (const QTreeWidgetItem* row)
 {
     return row->data (0, Qt::UserRole).toString ().toStdString ();
@@ -29,16 +37,14 @@ std::string IdOf (const QTreeWidgetItem* row)
 
 }   // namespace
 
-MainWindow::MainWindow (BuildingModel& model, const ElementData& data, const std::string& stateFile)
+MainWindow::MainWindow (BuildingModel& model, const std::string& stateFile)
     : model (model),
-      dialog (std::make_unique<ElementSettingsDialog> (model, data, stateFile)),
+      propertyStore (MakePropertyStore (model)),
+      classificationStore (model),
+      dialog (std::make_unique<ElementSettingsDialog> (model, *propertyStore, classificationStore, stateFile)),
       propertyPanel (Wg::Rect (0, 0, PropertyPaletteWidth, ElementSettingsDialog::Height), PropertyPanelId, Kor::UniString ("Properties"))
 {
     setWindowTitle ("TxAttributeList demo: element settings");
-    // The published files have a few flaws (properties without a data type): the demo shows
-    // what could be read; the importer's tests hold what could not.
-    TxImport::ImportDiagnostics propertyProblems;
-    propertyStore = std::make_unique<ElementPropertyStore> (model, GetPropertySetFolder (), GetCustomPropertyValues (), propertyProblems);
     properties = std::make_unique<PropertyPalette> (propertyPanel, *propertyStore);
 
     auto* splitter = new QSplitter (this);
@@ -66,7 +72,11 @@ MainWindow::MainWindow (BuildingModel& model, const ElementData& data, const std
     dialogArea->addWidget (view);
     dialogArea->addWidget (closedNote);
     dialogArea->setCurrentWidget (closedNote);
-    dialog->openChanged = [this, view] (bool open) { dialogArea->setCurrentWidget (open ? static_cast<QWidget*> (view) : closedNote); };
+    dialog->openChanged = [this, view] (bool open) {
+        dialogArea->setCurrentWidget (open ? static_cast<QWidget*> (view) : closedNote);
+        if (open) dialog->GetPropertiesPage ()->AttachToPropertyListItemContainer (*this);
+    };
+    properties->GetContainer ().Attach (static_cast<TxAL::PropertyListItemContainerObserver&> (*this));
 
     TxalQt::PanelView* propertyView = TxalQt::Backend::AttachPanel (propertyPanel, splitter);
     propertyView->setMinimumWidth (PropertyPaletteMinimumWidth);
@@ -143,6 +153,16 @@ void MainWindow::ShowSelection (const std::vector<std::string>& ids)
         row->setSelected (selected);
     }
     if (!ids.empty () && properties->GetElementId () != ids.front ()) properties->ShowElement (ids.front ());
+}
+
+void MainWindow::PropertyChanged (const TxAL::PropertyListItemContainer& container, const Kor::Guid&)
+{
+    PropertiesPage* page = dialog->GetPropertiesPage ();
+    if (&container == &properties->GetContainer ()) {
+        if (page != nullptr) page->UpdatePropertyValues ();
+    } else {
+        properties->GetContainer ().UpdatePropertyValues ();
+    }
 }
 
 void MainWindow::ShowUnits (bool metric)

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "BuildingModel.hpp"
-#include "ElementData.hpp"
 #include "ElementSettingsDialog.hpp"
 #include "PropertyPalette.hpp"
 #include "SettingsPalette.hpp"
@@ -22,12 +21,12 @@ class QTreeWidget;
 
 namespace Demo {
 
-class MainWindow : public QMainWindow {
+class MainWindow : public QMainWindow, private TxAL::PropertyListItemContainerObserver {
     Q_OBJECT
 
 public:
     // stateFile: where the page state is kept between runs (empty: not kept).
-    MainWindow (BuildingModel& model, const ElementData& data, const std::string& stateFile);
+    MainWindow (BuildingModel& model, const std::string& stateFile);
     ~MainWindow () override;
 
     SettingsPalette&       GetPalette () { return dialog->GetPalette (); }
@@ -43,13 +42,19 @@ public:
     void FocusElementList ();
 
 private:
+    // --- TxAL::PropertyListItemContainerObserver: a value stored through the page or the
+    // property palette shows in the other one at once (they share the store) ---
+    void PropertyChanged (const TxAL::PropertyListItemContainer& container, const Kor::Guid& propertyGuid) override;
+
     void ChooseUnits (bool metric);
     void SelectionChanged ();
 
     BuildingModel&                         model;
-    std::unique_ptr<ElementSettingsDialog> dialog;
-    // The property list beside the dialog: its sets and values, its panel and the palette.
+    // What the elements hold besides their settings: property values and classifications.
     std::unique_ptr<ElementPropertyStore>  propertyStore;
+    ElementClassificationStore             classificationStore;
+    std::unique_ptr<ElementSettingsDialog> dialog;
+    // The property list beside the dialog, over the same store.
     Wg::Panel                              propertyPanel;
     std::unique_ptr<PropertyPalette>       properties;
     QTreeWidget*                           elements = nullptr;

@@ -2,22 +2,80 @@
 
 #include <set>
 
-#include "ElementClassificationStore.hpp"
-
 namespace Demo {
 
+// Stores into the first selected element through the store's own handler, then the same value
+// into every other selected element.
+class PropertiesPage::AllSelectedPropertyHandler : public TxAL::IUserDefinedPropertyHandlerDecorator {
+public:
+    AllSelectedPropertyHandler (const Kor::Ref<TxAL::IUserDefinedPropertyHandler>& decorated, ElementPropertyStore& store,
+                                std::vector<std::string> others)
+        : IUserDefinedPropertyHandlerDecorator (decorated), store (store), others (std::move (others))
+    {
+    }
+
+    void SetValue (const Kor::DynamicValue* value) override
+    {
+        IUserDefinedPropertyHandlerDecorator::SetValue (value);
+        if (value == nullptr) return;
+        for (const std::string& id : others) store.SetCustomValue (id, Guid (), *value);
+    }
+
+    void RemoveCustomValue () override
+    {
+        IUserDefinedPropertyHandlerDecorator::RemoveCustomValue ();
+        for (const std::string& id : others) store.RemoveCustomValue (id, Guid ());
+    }
+
+private:
+    Kor::Guid Guid () { return GetPropertyDefinition ()->GetGuid (); }
+
+    ElementPropertyStore&    store;
+    std::vector<std::string> others;
+};
+
+// Stores into the first selected element, then through each other element's handler of the
+// same system. The store hands out the handlers of one element at a time: it is pointed at each
+// other element in turn and back at the first.
+class PropertiesPage::AllSelectedClassificationHandler : public TxAL::ClassificationSystemHandlerDecorator {
+public:
+    AllSelectedClassificationHandler (Kor::Ref<TxAL::ClassificationSystemHandler> decorated, ElementClassificationStore& store,
+                                      std::vector<std::string> selection)
+        : ClassificationSystemHandlerDecorator (std::move (decorated)), store (store), selection (std::move (selection))
+    {
+    }
+
+    void SetClassificationItem (const ODB::ConstRef<CLS::ClassificationItem>& item) const override
+    {
+        ClassificationSystemHandlerDecorator::SetClassificationItem (item);
+        const auto system = GetDecoratedHandler ()->GetClassificationData ().GetClassificationSystem ();
+        for (std::size_t i = 1; i < selection.size (); ++i) {
+            store.SetElement (selection[i]);
+            for (const Kor::Ref<TxAL::ClassificationSystemHandler>& handler : store.CollectClassificationSystemHandlers ())
+                if (handler->GetClassificationData ().GetClassificationSystem () == system) handler->SetClassificationItem (item);
+        }
+        store.SetElement (selection.front ());
+    }
+
+private:
+    ElementClassificationStore& store;
+    std::vector<std::string>    selection;
+};
+
 PropertiesPage::PropertiesPage (const Wg::TabControl& tabControl, const TxAL::IClassificationsAndPropertiesPageOptions& options,
-                                BuildingModel& model, const ElementData& data, std::vector<std::string> selection, StoreListener stored)
+                                const BuildingModel& model, ElementPropertyStore& properties, ElementClassificationStore& classifications,
+                                std::vector<std::string> selection)
     : ClassificationsAndPropertiesPage (tabControl, options),
       model (model),
-      data (data),
+      properties (properties),
+      classifications (classifications),
+      propertyCollector (properties),
       selection (std::move (selection)),
-      stored (std::move (stored)),
       elementRow (std::make_unique<TxAL::AttributeListInfoItem> (Kor::UniString ("Element"), Wg::Icon (), true, true)),
       emptyRow (std::make_unique<TxAL::AttributeListInfoItem> (Kor::UniString ("No property set applies"), Wg::Icon (), false, false))
 {
     SetTitle (Kor::UniString ("Classifications and properties"));
-    MakeHandlers ();
+    FollowSelection ();
 }
 
 PropertiesPage::~PropertiesPage ()
@@ -29,9 +87,16 @@ PropertiesPage::~PropertiesPage ()
 void PropertiesPage::SetSelection (std::vector<std::string> newSelection)
 {
     selection = std::move (newSelection);
-    MakeHandlers ();
+    FollowSelection ();
     UpdateClassificationListItems ();
     UpdatePropertyListItems ();
+}
+
+void PropertiesPage::FollowSelection ()
+{
+    const std::string first = selection.empty () ? std::string () : selection.front ();
+    propertyCollector.SetElement (first);
+    classifications.SetElement (first);
 }
 
 const Element* PropertiesPage::FirstElement () const
@@ -39,45 +104,42 @@ const Element* PropertiesPage::FirstElement () const
     return selection.empty () ? nullptr : model.Find (selection.front ());
 }
 
-void PropertiesPage::MakeHandlers ()
+Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> PropertiesPage::ForAllSelected (Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> handlers)
 {
-    propertyHandlers = {};
-    classificationHandlers = {};
-    const Element* first = FirstElement ();
-    if (first == nullptr) return;
-    for (const TxImport::PropertySet* set : data.GetPropertySetsOf (first->GetKind ()))
-        for (const auto& definition : set->definitions)
-            propertyHandlers.Push (Kor::Ref<TxAL::IUserDefinedPropertyHandler> (new SelectionPropertyHandler (model, selection, definition, stored)));
-    for (const ElementData::ClassificationSystemEntry& system : data.GetClassificationSystems ())
-        classificationHandlers.Push (Kor::Ref<TxAL::ClassificationSystemHandler> (new SelectionClassificationHandler (model, system, selection, stored)));
+    if (selection.size () < 2) return handlers;
+    const std::vector<std::string> others (selection.begin () + 1, selection.end ());
+    TxAL::DecorateEachUserDefinedPropertyHandler (handlers, [&] (Kor::Ref<TxAL::IUserDefinedPropertyHandler> handler) {
+        return Kor::Ref<TxAL::IUserDefinedPropertyHandler> (new AllSelectedPropertyHandler (handler, properties, others));
+    });
+    return handlers;
 }
 
 Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> PropertiesPage::CollectUserDefinedPropertyHandlers (const Kor::Array<Kor::Guid>& propertyGuids)
 {
-    Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> found;
-    for (const Kor::Guid& guid : propertyGuids)
-        for (const Kor::Ref<TxAL::IUserDefinedPropertyHandler>& handler : propertyHandlers)
-            if (handler->GetPropertyDefinition ()->GetGuid () == guid) found.Push (handler);
-    return found;
+    return ForAllSelected (propertyCollector.CollectUserDefinedPropertyHandlers (propertyGuids));
 }
 
 Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> PropertiesPage::CollectUserDefinedPropertyHandlers ()
 {
-    return propertyHandlers;
+    return ForAllSelected (propertyCollector.CollectUserDefinedPropertyHandlers ());
 }
 
 Kor::Array<Kor::Ref<TxAL::ClassificationSystemHandler>> PropertiesPage::CollectClassificationSystemHandlers ()
 {
-    return classificationHandlers;
+    // The store is shared: it is pointed at this page's first element before it is asked.
+    FollowSelection ();
+    Kor::Array<Kor::Ref<TxAL::ClassificationSystemHandler>> handlers = classifications.CollectClassificationSystemHandlers ();
+    if (selection.size () < 2) return handlers;
+    TxAL::DecorateEachClassificationSystemHandler (handlers, [&] (Kor::Ref<TxAL::ClassificationSystemHandler> handler) {
+        return Kor::Ref<TxAL::ClassificationSystemHandler> (new AllSelectedClassificationHandler (std::move (handler), classifications, selection));
+    });
+    return handlers;
 }
 
 Kor::Ref<TxAL::ClassificationItemSelectorPopup::IClassificationVisibilityGetter> PropertiesPage::GetClassificationVisibilityGetter ()
 {
-    // The selector offers the classes that fit the first element's kind.
-    const Element* first = FirstElement ();
-    if (first == nullptr) return Kor::Ref<TxAL::ClassificationItemSelectorPopup::IClassificationVisibilityGetter> (new TxAL::NoClassificationVisisibilityEffect ());
-    return Kor::Ref<TxAL::ClassificationItemSelectorPopup::IClassificationVisibilityGetter> (
-        new ElementKindVisibility (first->GetKind (), data.GetElementTypeSystem ().AsConst ()));
+    FollowSelection ();
+    return classifications.GetClassificationVisibilityGetter ();
 }
 
 std::optional<PropertiesPage::InfoStrip> PropertiesPage::GetInfoStrip () const
@@ -106,7 +168,8 @@ void PropertiesPage::BeforePropertyListFilled (TxAL::AttributeList& list)
 
 void PropertiesPage::AfterPropertyListFilled (TxAL::AttributeList& list)
 {
-    if (FirstElement () != nullptr && propertyHandlers.IsEmpty ()) list.AddListItem (*emptyRow);
+    const Element* first = FirstElement ();
+    if (first != nullptr && properties.GetSets (first->GetKind ()).empty ()) list.AddListItem (*emptyRow);
 }
 
 }   // namespace Demo

@@ -1,17 +1,19 @@
 #pragma once
 // The demo's "Classifications and properties" tab: the library's ready-made page over the
-// selected elements of the building model, with handlers for the property sets that apply to
-// the first element's kind and for the element's classification. The information strip warns
-// when the selection holds elements of different kinds (the values shown are the first
-// element's) and tells when several elements of one kind are edited together.
+// selected elements, fed by the demo's stores of property values and classifications (the same
+// stores as the property palette and the classification list). Values shown are the first
+// selected element's; what the user stores goes to every selected element. The information
+// strip warns when the selection holds elements of different kinds and tells when several
+// elements of one kind are edited together.
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "BuildingModel.hpp"
-#include "ElementData.hpp"
-#include "ElementHandlers.hpp"
+#include "ElementClassificationStore.hpp"
+#include "ElementProperties.hpp"
 #include "TxAttributeList/ClassificationsAndPropertiesPage.hpp"
 #include "TxAttributeList/SimpleValueItems.hpp"
 
@@ -30,9 +32,9 @@ public:
 // The page over a selection of elements (see the top of this file).
 class PropertiesPage : public TxAL::ClassificationsAndPropertiesPage {
 public:
-    // Nothing is owned; all must outlive the page. stored hears every value the user stores.
-    PropertiesPage (const Wg::TabControl& tabControl, const TxAL::IClassificationsAndPropertiesPageOptions& options, BuildingModel& model,
-                    const ElementData& data, std::vector<std::string> selection, StoreListener stored);
+    // Nothing is owned; all must outlive the page.
+    PropertiesPage (const Wg::TabControl& tabControl, const TxAL::IClassificationsAndPropertiesPageOptions& options, const BuildingModel& model,
+                    ElementPropertyStore& properties, ElementClassificationStore& classifications, std::vector<std::string> selection);
     ~PropertiesPage () override;
 
     const std::vector<std::string>& GetSelection () const { return selection; }
@@ -41,7 +43,7 @@ public:
     // The state is taken when the dialog that holds the page closes by acceptance.
     bool HasClosedAccepted () const { return closedAccepted; }
 
-    // --- The collectors ---
+    // --- The collectors: the stores' handlers of the first element, storing into all ---
     Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> CollectUserDefinedPropertyHandlers (const Kor::Array<Kor::Guid>& propertyGuids) override;
     Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> CollectUserDefinedPropertyHandlers () override;
     Kor::Array<Kor::Ref<TxAL::ClassificationSystemHandler>> CollectClassificationSystemHandlers () override;
@@ -57,20 +59,21 @@ protected:
     void PageCloseAccepted () override { closedAccepted = true; }
 
 private:
-    const Element* FirstElement () const;
-    // Property handlers are made once per selection and handed out again, so that the
-    // container finds the same handler for a property every time it asks.
-    void MakeHandlers ();
+    class AllSelectedPropertyHandler;
+    class AllSelectedClassificationHandler;
 
-    BuildingModel&                                          model;
-    const ElementData&                                      data;
-    std::vector<std::string>                                selection;
-    StoreListener                                           stored;
-    Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> propertyHandlers;
-    Kor::Array<Kor::Ref<TxAL::ClassificationSystemHandler>> classificationHandlers;
-    std::unique_ptr<TxAL::AttributeListInfoItem>           elementRow;
-    std::unique_ptr<TxAL::AttributeListInfoItem>           emptyRow;
-    bool                                                    closedAccepted = false;
+    const Element* FirstElement () const;
+    void           FollowSelection ();
+    Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> ForAllSelected (Kor::Array<Kor::Ref<TxAL::IUserDefinedPropertyHandler>> handlers);
+
+    const BuildingModel&                          model;
+    ElementPropertyStore&                         properties;
+    ElementClassificationStore&                   classifications;
+    ElementPropertyCollector                      propertyCollector;
+    std::vector<std::string>                      selection;
+    std::unique_ptr<TxAL::AttributeListInfoItem>  elementRow;
+    std::unique_ptr<TxAL::AttributeListInfoItem>  emptyRow;
+    bool                                          closedAccepted = false;
 };
 
 }   // namespace Demo

@@ -7,7 +7,6 @@
 //   txal-demo --dump                   prints every cell of the palette after the script
 //   txal-demo --dump-model             prints the building model after the script
 //   txal-demo --model FILE             reads another building model
-//   txal-demo --data DIR               reads the property sets and classifications from DIR
 //   txal-demo --settings FILE          keeps the classifications and properties page's state in
 //                                      FILE between runs (windows: a file in the user's config
 //                                      folder unless given; scripts and screenshots: none)
@@ -28,7 +27,6 @@
 #include "BuildingModel.hpp"
 #include "ClassificationScreenshots.hpp"
 #include "DemoScript.hpp"
-#include "ElementData.hpp"
 #include "ElementDialogScript.hpp"
 #include "MainWindow.hpp"
 #include "PageStateFile.hpp"
@@ -47,7 +45,6 @@ constexpr const char* Usage =
     "  --dump             print every cell of the palette after the script\n"
     "  --dump-model       print the building model after the script\n"
     "  --model FILE       read another building model\n"
-    "  --data DIR         read the property sets and the classification system from DIR\n"
     "  --settings FILE    keep the page state of the settings dialog in FILE between runs\n"
     "  --scale FACTOR     render at FACTOR (2 for 200 %)\n"
     "  --suffix TEXT      append TEXT to the screenshot file names\n"
@@ -63,7 +60,6 @@ struct Options {
     std::string screenshotDir;
     std::string script;
     std::string modelFile;
-    std::string dataDir;
     std::string settingsFile;
     bool        settingsGiven = false;
     std::string suffix;
@@ -96,8 +92,6 @@ bool ParseArguments (int argc, char** argv, Options& options)
             ok = value (options.script);
         else if (arg == "--model")
             ok = value (options.modelFile);
-        else if (arg == "--data")
-            ok = value (options.dataDir);
         else if (arg == "--settings")
             ok = options.settingsGiven = value (options.settingsFile);
         else if (arg == "--suffix")
@@ -183,26 +177,13 @@ int main (int argc, char** argv)
         return 1;
     }
 
-    // The property sets and the classification system come from the project's data files.
-    TxImport::ImportDiagnostics diagnostics;
-    const Demo::ElementData data = Demo::ElementData::Load (options.dataDir.empty () ? TXAL_PROJECT_DATA_DIR : options.dataDir, diagnostics);
-    // The real files have known gaps (properties without a data type), which the importer skips;
-    // only a missing file is worth a word.
-    if (data.GetPropertySets ().empty () || data.GetClassificationSystem ().IsNull ())
-        std::fprintf (stderr, "txal-demo: %s", diagnostics.ToString ().c_str ());
-    try {
-        Demo::ElementData::MergeInto (model, Demo::ElementData::LoadBuiltInElementData ());
-    } catch (const Demo::ModelError& e) {
-        std::fprintf (stderr, "txal-demo: %s\n", e.what ());
-        return 1;
-    }
     // A window keeps the page state in the user's config folder; runs of scripts and
     // screenshots start from the page's defaults unless told otherwise.
     const std::string stateFile = options.settingsGiven ? options.settingsFile : Headless (options) ? std::string () : Demo::PageStateFile::GetDefaultPath ();
 
     // A person at a real screen gets real popups; scripts and screenshots keep the headless runner.
     if (!Headless (options)) TxalQt::Backend::InstallModalRunner ();
-    Demo::MainWindow window (model, data, stateFile);
+    Demo::MainWindow window (model, stateFile);
     window.show ();
     application.processEvents ();
 

@@ -8,66 +8,18 @@
 #include <unistd.h>
 
 #include "DemoScript.hpp"
-#include "ElementData.hpp"
+#include "ElementClassificationStore.hpp"
+#include "ElementProperties.hpp"
 #include "ElementDialogScript.hpp"
 #include "ElementSettingsDialog.hpp"
 #include "PageStateFile.hpp"
+#include "PropertyPalette.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
 #include "Wg/ModalRunner.hpp"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// The data files are read once for all tests.
-const Demo::ElementData& Data ()
-{
-    static const Demo::ElementData data = [] {
-        TxImport::ImportDiagnostics diagnostics;
-        return Demo::ElementData::Load (TXAL_PROJECT_DATA_DIR, diagnostics);
-    }();
-    return data;
-}
-
-const Property::PropertyDefinition& Definition (const std::string& set, const std::string& name)
-{
-    for (const TxImport::PropertySet& candidate : Data ().GetPropertySets ())
-        if (candidate.group->GetName ().ToUtf8 () == set)
-            for (const auto& definition : candidate.definitions)
-                if (definition->GetName ().ToUtf8 () == name) return *definition;
-    throw std::invalid_argument (set + "." + name);
-}
-
-std::string RoundTrip (const std::string& set, const std::string& name, const std::string& text)
-{
-    const Property::PropertyDefinition& definition = Definition (set, name);
-    const Kor::Owner<Kor::DynamicValue> value = Demo::ElementData::ValueFromText (definition, text);
-    return value == nullptr ? "null" : Demo::ElementData::ValueToText (definition, *value);
-}
-
-TEST (ElementDataTest, KindsGetTheirOwnSetsFirstAndValuesSurviveTheSettingsText)
-{
-    std::string names;
-    for (const TxImport::PropertySet* set : Data ().GetPropertySetsOf ("Wall")) names += set->group->GetName ().ToUtf8 () + " ";
-    EXPECT_EQ (names, "Pset_WallCommon Pset_Condition Pset_EnvironmentalImpactIndicators Pset_ManufacturerTypeInformation Pset_Warranty ");
-    names.clear ();
-    for (const TxImport::PropertySet* set : Data ().GetPropertySetsOf ("Zone")) names += set->group->GetName ().ToUtf8 () + " ";
-    EXPECT_EQ (names, "Pset_SpaceFireSafetyRequirements Pset_ZoneCommon ");
-    EXPECT_TRUE (Data ().GetPropertySetsOf ("Stair").empty ());
-
-    EXPECT_EQ (RoundTrip ("Pset_WallCommon", "LoadBearing", "yes"), "yes");
-    EXPECT_EQ (RoundTrip ("Pset_WallCommon", "ThermalTransmittance", "0.24"), "0.24");
-    EXPECT_EQ (RoundTrip ("Pset_WallCommon", "Reference", "EW-365"), "EW-365");
-    // The values of an enumeration are written as the data file stores them, whether the text
-    // named them so or by their display texts; several keep their order.
-    EXPECT_EQ (RoundTrip ("Pset_WallCommon", "Status", "EXISTING"), "EXISTING");
-    EXPECT_EQ (RoundTrip ("Pset_WallCommon", "Status", "Existing|NEW"), "EXISTING|NEW");
-    EXPECT_EQ (RoundTrip ("Pset_WallCommon", "LoadBearing", Demo::ElementData::UndefinedValueText), Demo::ElementData::UndefinedValueText);
-    EXPECT_EQ (RoundTrip ("Pset_WallCommon", "LoadBearing", "perhaps"), "null");
-
-    EXPECT_EQ (Data ().FindClassificationItem ("L-AD")->GetName ().ToUtf8 (), "Wall construction");
-    EXPECT_TRUE (Data ().FindClassificationItem ("no such code").IsNull ());
-}
 
 TEST (PageStateFileTest, TheStateRoundTripsAndBadLinesAreSkipped)
 {
@@ -92,10 +44,12 @@ TEST (PageStateFileTest, TheStateRoundTripsAndBadLinesAreSkipped)
 
 class ElementDialogTest : public ::testing::Test {
 protected:
-    ElementDialogTest ()
+    ElementDialogTest () { dialogScript.InstallInto (script); }
+
+    static std::unique_ptr<Demo::ElementPropertyStore> MakeStore (const Demo::BuildingModel& model)
     {
-        Demo::ElementData::MergeInto (model, Demo::ElementData::LoadBuiltInElementData ());
-        dialogScript.InstallInto (script);
+        TxImport::ImportDiagnostics problems;
+        return std::make_unique<Demo::ElementPropertyStore> (model, Demo::GetPropertySetFolder (), Demo::GetCustomPropertyValues (), problems);
     }
     ~ElementDialogTest () override
     {
@@ -115,7 +69,9 @@ protected:
 
     const std::string                  stateFile = (fs::temp_directory_path () / ("txal-page-state-" + std::to_string (::getpid ()) + ".txt")).string ();
     Demo::BuildingModel                model = Demo::BuildingModel::LoadBuiltIn ();
-    std::unique_ptr<Demo::ElementSettingsDialog> dialog = std::make_unique<Demo::ElementSettingsDialog> (model, Data (), stateFile);
+    std::unique_ptr<Demo::ElementPropertyStore> properties = MakeStore (model);
+    Demo::ElementClassificationStore   classifications {model};
+    std::unique_ptr<Demo::ElementSettingsDialog> dialog = std::make_unique<Demo::ElementSettingsDialog> (model, *properties, classifications, stateFile);
     Demo::DemoScript                   script {dialog->GetPalette (), model};
     Demo::ElementDialogScript          dialogScript {*dialog};
 };
@@ -125,26 +81,26 @@ TEST_F (ElementDialogTest, StoresReachEverySelectedElementAndOnlyThem)
     EXPECT_EQ (Run ("elements W-01 W-02\n"
                     "tab properties\n"
                     "list properties\n"
-                    "click LoadBearing value\n"
-                    "expect-cell LoadBearing value Yes\n"),
+                    "click FireRating label\n"
+                    "expect-cell FireRating value REI 90\n"),
               "");
-    // The default entry of the row's popup: the custom value goes from both walls.
-    EXPECT_EQ (Run ("click LoadBearing icon\n"), "");
+    // The default entry of the row's popup: both walls lose their custom value, so that each
+    // shows the rating of its own settings again.
     Wg::GetHeadlessModalRunner ().QueueChoose (1);
     dialog->GetPropertiesPage ()->GetPropertyAttributeList ().GetOnTabItems ().GetIconColumnPopup ().UserPress ();
-    EXPECT_FALSE (model.Find ("W-01")->Has ("Pset_WallCommon.LoadBearing"));
-    EXPECT_FALSE (model.Find ("W-02")->Has ("Pset_WallCommon.LoadBearing"));
-    EXPECT_TRUE (model.Find ("W-03")->Has ("Pset_WallCommon.LoadBearing"));
-    EXPECT_EQ (dialog->GetStoredChangeCount (), 1);
-
-    // Unclassified through the row's check mark, for both walls.
-    EXPECT_EQ (Run ("list classifications\n"
+    EXPECT_EQ (properties->GetStoreCount (), 2);
+    EXPECT_EQ (Run ("expect-changes 2\n"
+                    "elements W-02\n"
+                    "expect-cell FireRating value EI90\n"
+                    "elements W-03 W-02\n"
+                    "list classifications\n"
                     "click \"CCI Construction 1.0\" icon\n"
-                    "expect-model W-02 classification <none>\n"
-                    "expect-model W-01 classification <none>\n"
-                    "expect-model W-03 classification L-BD\n"
                     "expect-changes 2\n"),
               "");
+    // Out of the system: the selected walls, and no other element.
+    EXPECT_EQ (classifications.Describe ("W-03"), "Element types: WL");
+    EXPECT_EQ (classifications.Describe ("W-02"), "Element types: WL");
+    EXPECT_EQ (classifications.Describe ("W-01"), "CCI Construction: L-AD; Element types: WL");
 }
 
 TEST_F (ElementDialogTest, ClosingWritesTheStateAndANewDialogFindsIt)
@@ -161,7 +117,7 @@ TEST_F (ElementDialogTest, ClosingWritesTheStateAndANewDialogFindsIt)
     // A new run: the page comes back where it was left.
     script.SetChangeCounter ({});
     dialog.reset ();
-    dialog = std::make_unique<Demo::ElementSettingsDialog> (model, Data (), stateFile);
+    dialog = std::make_unique<Demo::ElementSettingsDialog> (model, *properties, classifications, stateFile);
     dialog->ShowElements ({"Z-02", "unknown"});
     ASSERT_TRUE (dialog->IsOpen ());
     EXPECT_EQ (dialog->GetSelection (), std::vector<std::string> {"Z-02"});
