@@ -2,8 +2,8 @@
 // ODB::ConstRef and ODB::Ref: references into the object database. A reference may refer to
 // nothing; before its object is used it must be loaded (Load), which fails cleanly, returning
 // false, for an empty reference. Dereferencing a reference that is not loaded throws the
-// foundation library's null-reference exception. Copies share the object; a copy starts
-// unloaded, so each user loads what it uses.
+// foundation library's null-reference exception. Copies share the object and take over
+// whether it was loaded.
 
 #include <memory>
 #include <utility>
@@ -19,14 +19,7 @@ public:
     ConstRef (std::nullptr_t) {}
     explicit ConstRef (std::shared_ptr<const T> object) : object (std::move (object)) {}
     template <typename U>
-    ConstRef (const ConstRef<U>& other) : object (other.GetShared ()) {}
-    ConstRef (const ConstRef& other) : object (other.object) {}
-    ConstRef& operator= (const ConstRef& other)
-    {
-        object = other.object;
-        loaded = false;
-        return *this;
-    }
+    ConstRef (const ConstRef<U>& other) : object (other.GetShared ()), loaded (other.IsLoaded ()) {}
 
     // Whether the reference refers to nothing.
     bool IsNull () const { return object == nullptr; }
@@ -64,13 +57,6 @@ public:
     Ref () = default;
     Ref (std::nullptr_t) {}
     explicit Ref (std::shared_ptr<T> object) : object (std::move (object)) {}
-    Ref (const Ref& other) : object (other.object) {}
-    Ref& operator= (const Ref& other)
-    {
-        object = other.object;
-        loaded = false;
-        return *this;
-    }
 
     bool IsNull () const { return object == nullptr; }
     bool IsLoaded () const { return loaded; }
@@ -84,8 +70,13 @@ public:
     T* operator-> () const { return &Deref (); }
     T& operator* () const { return Deref (); }
 
-    // A read-only reference to the same object (unloaded, like every copy).
-    operator ConstRef<T> () const { return ConstRef<T> (std::shared_ptr<const T> (object)); }
+    // A read-only reference to the same object, loaded when this one is.
+    operator ConstRef<T> () const
+    {
+        ConstRef<T> result {std::shared_ptr<const T> (object)};
+        if (loaded) result.Load ();
+        return result;
+    }
 
     bool operator== (const Ref& other) const { return object == other.object; }
 
