@@ -168,3 +168,27 @@ TEST_F (PenRowTest, ANewProviderReachesThePickerThatHoldsTheOldUserData)
 
 }   // namespace
 }   // namespace PickerItemsTest
+
+namespace PickerItemsTest {
+namespace {
+
+TEST_F (PenRowTest, TypingThatAnObserverRejectsWhileTheListIsDestroyedDoesNotEscapeTheDestructor)
+{
+    MakeList (ValueItemsTest::Params ().SetEditControlAutoUpdate (false));
+    auto* item = AddPen (AttributeListPenItem::PenWithNull, 3);
+    log.Watch (*item);
+    bool armed = false;
+    log.onCall = [&armed] {
+        if (armed) throw std::runtime_error ("rejected");
+    };
+    Select (1);
+    Controls ().GetIntEdit ().SetFocus ();
+    Controls ().GetIntEdit ().UserSetText ("12");
+    EXPECT_EQ (log.Take (), "");
+    armed = true;
+    EXPECT_NO_THROW (harness.reset ());
+    EXPECT_EQ (log.Take (), "PenChanged(Contour pen)");
+}
+
+}   // namespace
+}   // namespace PickerItemsTest
