@@ -105,8 +105,11 @@ void PreviewDrawUtility::DrawCompWall (Gfx::DrawingContext& context, const Gfx::
         covered += skins[i].thickness;
         const int previous = bottoms.empty () ? rect.top : bottoms.back ();
         int bottom = rect.top + static_cast<int> (std::lround (height * covered / total));
-        // Every skin keeps at least one pixel while there is room; the last one ends at the edge.
-        bottom = std::clamp (bottom, std::min (previous + 1, rect.bottom), rect.bottom);
+        // Every skin keeps at least one pixel while there is room, also the thin ones at the end;
+        // the last one ends at the edge.
+        const int skinsAfter = static_cast<int> (skins.size () - 1 - i);
+        const int latest = std::max (rect.bottom - skinsAfter, previous);
+        bottom = std::clamp (bottom, std::min (previous + 1, latest), latest);
         if (i + 1 == skins.size ()) bottom = rect.bottom;
         bottoms.push_back (bottom);
     }
