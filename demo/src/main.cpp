@@ -62,7 +62,8 @@ struct Options {
 const struct {
     const char* element;
     const char* row;
-} Pages[] = {{"W-01", "Height"}, {"D-01", "\"Opening type\""}, {"N-01", "\"Level of detail\""}, {"N-03", "Name"}, {"Z-01", "Occupancy"}};
+} Pages[] = {{"W-01", "Height"}, {"D-01", "\"Opening type\""}, {"N-01", "\"Level of detail\""}, {"N-03", "Name"}, {"Z-01", "Occupancy"},
+             {"W-03", "\"Cut fill\""}, {"S-01", "Composite"}, {"B-01", "Profile"}};
 
 bool ParseArguments (int argc, char** argv, Options& options)
 {
