@@ -1,6 +1,8 @@
 #include "ElementAttributeRows.hpp"
 
 #include "SampleAttributes.hpp"
+#include "SettingsPalette.hpp"
+#include "TxAttributeList/OnTabItems.hpp"
 #include "TxAttr/Attributes.hpp"
 #include "TxAttributeList/ResourceHelpers.hpp"
 
@@ -135,6 +137,18 @@ void ElementAttributeRows::MaterialChanged (const TxAL::AttributeListMaterialIte
 void ElementAttributeRows::BuildingMaterialChanged (const TxAL::AttributeListBuildingMaterialItem& item)
 {
     store (item, GetSampleAttributeName (TxAttr::idBuildingMaterial, item.GetBuildingMaterial ()));
+}
+
+void OpenSelectedRowPicker (SettingsPalette& palette)
+{
+    TxAL::AttributeList& list = palette.GetList ();
+    TxAL::AttributeListItem* item = list.GetSelectedItem ();
+    if (auto* picker = dynamic_cast<TxAL::AttributePickerListItem*> (item)) {
+        picker->OpenPickerPopUp ();
+    } else if (dynamic_cast<TxAL::AttributeListPenItem*> (item) != nullptr) {
+        Pk::Pk257& pens = list.GetOnTabItems ().GetPk257 ();
+        if (list.GetListBox ().IsOnTabItem (pens)) pens.ShowAndTrackPopup ();
+    }
 }
 
 }   // namespace Demo

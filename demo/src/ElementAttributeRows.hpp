@@ -49,4 +49,10 @@ private:
     Store store;
 };
 
+class SettingsPalette;
+
+// Opens the picker of the palette's selected row, as its button does (for screenshots); does
+// nothing on a row without a picker.
+void OpenSelectedRowPicker (SettingsPalette& palette);
+
 }   // namespace Demo

@@ -24,6 +24,7 @@
 #include "DemoScript.hpp"
 #include "MainWindow.hpp"
 #include "TxAttributeList/Version.hpp"
+#include "ElementAttributeRows.hpp"
 #include "TxalQt/Backend.hpp"
 
 namespace {
@@ -187,6 +188,19 @@ int main (int argc, char** argv)
             }
             pages.Run ("element W-01\nunits imperial\nclick Thickness\n", "pages");
             screenshot ("palette-W-01-imperial");
+            // Open pickers: the row previews the entry under the pointer.
+            pages.Run ("units metric\n", "pages");
+            const auto openPicker = [&] (const char* element, const char* row, int entry, const char* name) {
+                pages.Run (std::string ("element ") + element + "\nclick " + row + "\n", "pages");
+                application.processEvents ();
+                const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
+                TxalQt::Backend::ScreenshotNextPicker (window, file, entry);
+                Demo::OpenSelectedRowPicker (window.GetPalette ());
+            };
+            openPicker ("W-03", "\"Cut fill\"", 4, "picker-cut-fill");
+            openPicker ("W-03", "Composite", 1, "picker-composite");
+            openPicker ("W-03", "\"Contour pen\"", 2, "picker-pen");
+            openPicker ("B-01", "Profile", 3, "picker-profile");
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
         if (options.scale.empty ()) {

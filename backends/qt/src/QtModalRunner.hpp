@@ -3,7 +3,8 @@
 //   Menu sessions      -> a QMenu at the anchor (icons, separators, disabled entries, the
 //                         initial entry checked)
 //   Picker sessions    -> a grid of swatches (PickerPopup) when every entry has a colour or an
-//                         icon and the control asks for a grid, otherwise a QMenu with swatches
+//                         icon and the control asks for a grid, otherwise a QMenu with swatches;
+//                         attribute pickers a list of previews (AttributePickerPopupView)
 //   Dialog sessions    -> cancelled (no dialogs yet)
 // Steps: hovering an entry -> Track (i); leaving the entries -> Track (0); a choice -> Choose (i)
 // once the popup has closed; closing without a choice -> Cancel.
@@ -21,6 +22,7 @@ public:
 private:
     void RunMenu (Wg::ModalSession& session);
     void RunPickerGrid (Wg::ModalSession& session);
+    void RunAttributePicker (Wg::ModalSession& session);
 };
 
 // The widget that shows the item (for placing popups); null when it has none.
