@@ -165,7 +165,9 @@ void AttributeListPenItem::InitializeOnTabItems () const
     picker.SetButtonType (PickerButtonType);
     picker.SetHeaderType (PickerHeaderType);
     picker.SetControlType (PickerControlType);
-    if (CallBack callBack = GetCallBack ()) picker.SetCallBack (callBack);
+    // A custom row without a callback leaves the picker without one: another row's callback
+    // must never read this row's user data.
+    picker.SetCallBack (GetCallBack ());
     controls->SetUserControlOwner (this);
     listBox->SetOnTabItem (GetCheckColumnIndex (), picker);
     picker.SetValue (pen);

@@ -192,3 +192,23 @@ TEST_F (PenRowTest, TypingThatAnObserverRejectsWhileTheListIsDestroyedDoesNotEsc
 
 }   // namespace
 }   // namespace PickerItemsTest
+
+namespace PickerItemsTest {
+namespace {
+
+TEST_F (PenRowTest, ACustomRowWithoutACallbackLeavesNoOtherRowsCallbackOnItsUserData)
+{
+    AddPen (AttributeListPenItem::Pen, 3);
+    auto* custom = AddPen (AttributeListPenItem::Pen, 4);
+    static int clientData = 0;
+    custom->SetCustomCallBackAndUserData (&TxAC::PenWithNullControlCallBack, &clientData);
+    custom->SetCustomCallBackAndUserData (nullptr, &clientData);
+    Select (1);
+    EXPECT_EQ (Controls ().GetPk257 ().GetCallBack (), &TxAC::PenControlCallBack);
+    Select (2);
+    EXPECT_EQ (Controls ().GetPk257 ().GetUserData (), &clientData);
+    EXPECT_EQ (Controls ().GetPk257 ().GetCallBack (), nullptr);
+}
+
+}   // namespace
+}   // namespace PickerItemsTest
