@@ -159,8 +159,12 @@ void AttributeList::SetColumnFormatting ()
 
 AttributeList::~AttributeList ()
 {
-    // Whatever the user typed reaches its item while the list is still whole.
-    if (Wg::Item* focused = panel.GetFocusedItem (); focused != nullptr && IsOnTabControl (focused)) panel.SetFocusedItem (nullptr);
+    // Whatever the user typed reaches its item while the list is still whole. An observer that
+    // fails on that last change cannot be told: a destructor must not throw.
+    try {
+        if (Wg::Item* focused = panel.GetFocusedItem (); focused != nullptr && IsOnTabControl (focused)) panel.SetFocusedItem (nullptr);
+    } catch (...) {
+    }
     // From here on no control event may reach a half-destroyed list.
     DetachFromAllSources ();
     panel.RemoveKeyboardHandler (*this);

@@ -20,7 +20,9 @@
 #include "DrawSuspension.hpp"
 #include "Kor/Assert.hpp"
 #include "TxAttributeList/AttributeList.hpp"
+#include "TxAttributeList/AttributePickerItems.hpp"
 #include "TxAttributeList/OnTabItems.hpp"
+#include "TxAttributeList/PenItem.hpp"
 #include "TxAttributeList/ValueItems.hpp"
 
 namespace TxAL {
@@ -434,8 +436,7 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     }
 
     if (code == Wg::Key::Down && plain) {
-        // FIXME: pen, fill and profile rows open their Pk257 popup, line-type rows their Pk261
-        // popup, once those item kinds exist.
+        if (popupModifier && OpenPopupByKeyboard (valueItem)) return Wg::KeyHandled;
         if (popupModifier && dynamic_cast<AttributeListSelectionItem*> (valueItem) != nullptr) {
             // Only the popup that the row placed is its popup: a row without entries has none,
             // and the control may still hold another row's entries.
@@ -447,6 +448,24 @@ Wg::KeyResult AttributeList::KeyPressed (const Wg::Key::Code& key, Wg::Item**)
     }
     if (code == Wg::Key::Up && plain) return MoveSelection (-1);
     return Wg::KeyNotHandled;
+}
+
+bool AttributeList::OpenPopupByKeyboard (AttributeListItem* item)
+{
+    // The pen row opens the pen picker it placed (a row of another sub type may not have).
+    if (dynamic_cast<AttributeListPenItem*> (item) != nullptr) {
+        Pk::Pk257& picker = onTabItems->GetPk257 ();
+        if (listBox->IsOnTabItem (picker)) picker.ShowAndTrackPopup ();
+        return true;
+    }
+    // Fill, profile and line type rows open the picker that their button opens, so that
+    // keyboard and mouse reach one popup.
+    const bool keyboardPicker = dynamic_cast<AttributeListFillItem*> (item) != nullptr ||
+                                dynamic_cast<AttributeListProfileItem*> (item) != nullptr ||
+                                dynamic_cast<AttributeListLineTypeItem*> (item) != nullptr;
+    if (!keyboardPicker) return false;
+    static_cast<AttributePickerListItem*> (item)->OpenPickerPopUp ();
+    return true;
 }
 
 // --- Guards ---

@@ -86,8 +86,8 @@ AttributeListItem::~AttributeListItem ()
     // DeleteListItem never deletes an item a second time: it is asked to delete only items
     // that the list did not create.
     if (list != nullptr) list->DeleteListItem (this, !ownCreated);
-    // No picker callback may reach a destroyed item.
-    if (onTabItems != nullptr) onTabItems->ClearUserControlCallbacks ();
+    // No picker callback may reach a destroyed item; another row's callbacks stay.
+    if (onTabItems != nullptr) onTabItems->ClearUserControlCallbacks (this);
 }
 
 void AttributeListItem::AssignToList (AttributeList* newList)

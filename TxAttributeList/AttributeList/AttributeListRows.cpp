@@ -129,7 +129,7 @@ void AttributeList::DetachListItemFromList (AttributeListItem* item)
     item->listBoxIndex = 0;
     // The in-place controls stay with the list; no picker callback may reach a detached item.
     if (item->onTabItems != nullptr) {
-        item->onTabItems->ClearUserControlCallbacks ();
+        item->onTabItems->ClearUserControlCallbacks (item);
         item->onTabItems = nullptr;
     }
 }

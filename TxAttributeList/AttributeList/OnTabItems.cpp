@@ -64,6 +64,12 @@ void OnTabItems::ClearUserControlCallbacks ()
             control.SetCallBack (nullptr);
         }
     });
+    userControlOwner = nullptr;
+}
+
+void OnTabItems::ClearUserControlCallbacks (const void* owner)
+{
+    if (owner != nullptr && owner == userControlOwner) ClearUserControlCallbacks ();
 }
 
 void OnTabItems::SetEditControlAutoUpdate (bool on)

@@ -88,7 +88,9 @@ SettingsPalette::SettingsPalette (Wg::Panel& panel, BuildingModel& model)
             TxAL::AttributeList::OptionalParameters ()
                 .SetHeaderString1 ("Setting")
                 .SetHeaderString2 ("Value")
-                .SetHeaderType (TxAL::AttributeList::SynchronizedHeader))
+                .SetHeaderType (TxAL::AttributeList::SynchronizedHeader)),
+      attributeRows ([this] (TxAL::AttributeListItem* item, const std::string& key) { Bind (item, key); },
+                     [this] (const TxAL::AttributeListItem& item, const std::string& value) { Store (item, value); })
 {
     // Whole numbers take effect when confirmed (Return, Tab, leaving the edit), not at each
     // keystroke: a slider's strategy then snaps the number the user meant.
@@ -307,6 +309,8 @@ void SettingsPalette::Build (Element& element)
         heated->Attach (static_cast<AttributeListCheckItemObserver&> (*this));
         Bind (heated, "heated");
     }
+
+    if (ElementAttributeRows::HasRows (element)) attributeRows.AddRows (*CreateGroup ("Attributes", LibIcon (MaterialIcon)), element, ownedItems);
 
     if (has ("transparency") || has ("detailLevel")) {
         AttributeListGroupItem* display = list.CreateGroup ("Display", LibIcon (PropertyIcon), true, true);

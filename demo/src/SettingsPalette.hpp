@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "BuildingModel.hpp"
+#include "ElementAttributeRows.hpp"
 #include "StepSnapStrategy.hpp"
 #include "TxAttributeList/AttributeList.hpp"
 #include "TxAttributeList/ValueItems.hpp"
@@ -88,6 +89,8 @@ private:
     int                                                           storedChangeCount = 0;
     // Names of the groups the user folded, kept from one element to the next.
     std::set<std::string>                                         collapsedGroups;
+    // The rows of the element's drawing attributes (fills, composites, pens, ...).
+    ElementAttributeRows                                          attributeRows;
 };
 
 }   // namespace Demo

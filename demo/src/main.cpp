@@ -32,6 +32,7 @@
 #include "PageStateFile.hpp"
 #include "PropertyScreenshots.hpp"
 #include "TxAttributeList/Version.hpp"
+#include "ElementAttributeRows.hpp"
 #include "TxalQt/Backend.hpp"
 
 namespace {
@@ -73,7 +74,8 @@ struct Options {
 const struct {
     const char* element;
     const char* row;
-} Pages[] = {{"W-01", "Height"}, {"D-01", "\"Opening type\""}, {"N-01", "\"Level of detail\""}, {"N-03", "Name"}, {"Z-01", "Occupancy"}};
+} Pages[] = {{"W-01", "Height"}, {"D-01", "\"Opening type\""}, {"N-01", "\"Level of detail\""}, {"N-03", "Name"}, {"Z-01", "Occupancy"},
+             {"W-03", "\"Cut fill\""}, {"S-01", "Composite"}, {"B-01", "Profile"}};
 
 bool ParseArguments (int argc, char** argv, Options& options)
 {
@@ -239,6 +241,18 @@ int main (int argc, char** argv)
                 if (!image.save (file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());
             });
             Demo::SavePropertyScreenshots (window, screenshotDir, QString::fromStdString (options.suffix));
+            // Open pickers: the row previews the entry under the pointer.
+            const auto openPicker = [&] (const char* element, const char* row, int entry, const char* name) {
+                pages.Run (std::string ("element ") + element + "\nclick " + row + "\n", "pages");
+                application.processEvents ();
+                const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
+                TxalQt::Backend::ScreenshotNextPicker (window, file, entry);
+                Demo::OpenSelectedRowPicker (window.GetPalette ());
+            };
+            openPicker ("W-03", "\"Cut fill\"", 4, "picker-cut-fill");
+            openPicker ("W-03", "Composite", 1, "picker-composite");
+            openPicker ("W-03", "\"Contour pen\"", 2, "picker-pen");
+            openPicker ("B-01", "Profile", 3, "picker-profile");
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
         if (options.scale.empty ()) {

@@ -132,7 +132,7 @@ TEST (BuildingModelTest, MalformedFilesNameTheLine)
     EXPECT_EQ (error ("[Wall W-1]\nbad key = 1\n"), "m.txt:2: bad key \"bad key\"");
     EXPECT_EQ (error ("[Wall W-1\n"), "m.txt:1: section without ']'");
     EXPECT_EQ (error ("[Wall W-1]\nh = 1\nh = 2\n"), "m.txt:3: duplicate key h");
-    EXPECT_EQ (Demo::BuildingModel::LoadBuiltIn ().GetElements ().size (), 12u);
+    EXPECT_EQ (Demo::BuildingModel::LoadBuiltIn ().GetElements ().size (), 13u);
 }
 
 }   // namespace

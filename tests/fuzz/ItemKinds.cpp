@@ -6,6 +6,8 @@
 #include <cstdio>
 
 #include "FuzzWorld.hpp"
+#include "TxAttr/Attributes.hpp"
+#include "TxAttr/SampleAttributeSet.hpp"
 
 namespace TxALFuzz {
 
@@ -137,6 +139,208 @@ ItemKind RealKind (const char* name, bool readsBackAsTyped)
         return typing;
     };
     return kind;
+}
+
+// The attribute set of the pen and picker rows; sometimes a provider with no set at all.
+const ADB::IAttributeSetProvider* SampleProvider (Rng& rng)
+{
+    static const ADB::AttributeSetProvider sample (ODB::ConstRef<ADB::AttributeSet> (TxAttr::MakeSampleAttributeSet ()));
+    static const ADB::AttributeSetProvider empty;
+    if (Chance (rng, 5)) return nullptr;
+    return Chance (rng, 90) ? &sample : &empty;
+}
+
+// An index that names an attribute of the sample set, none, or nothing sensible.
+ADB::AttributeIndex SomeIndex (Rng& rng)
+{
+    if (Chance (rng, 80)) return ADB::AttributeIndex (static_cast<std::uint32_t> (1 + Pick (rng, 22)));
+    return Chance (rng, 50) ? ADB::InvalidAttributeIndex : ADB::AttributeIndex (static_cast<std::uint32_t> (ExtremeInt (rng)));
+}
+
+short SomePen (Rng& rng)
+{
+    return static_cast<short> (Chance (rng, 80) ? Pick (rng, 258) - 2 : ExtremeInt (rng));
+}
+
+// What a program does to every picker row; then what it does to the kind's own fields.
+void PokePicker (AttributePickerListItem& item, Rng& rng)
+{
+    switch (Pick (rng, 3)) {
+        case 0: item.SetAttributeSetProvider (SampleProvider (rng)); break;
+        case 1: {
+            Kor::Owner<TxAC::AttributeListAndFolderFilter> filter;
+            if (Chance (rng, 70)) filter = Kor::NewOwner<TxAC::AttributeListAndFolderFilter> (std::vector<ADB::AttributeIndex> {SomeIndex (rng)});
+            item.SetCustomFilter (std::move (filter));
+            break;
+        }
+        default: break;
+    }
+}
+
+ItemKind PickerKind (const char* name, std::function<AttributePickerListItem* (Rng&)> make,
+                     std::function<void (AttributePickerListItem&, Rng&)> pokeOwn, std::function<std::string (const AttributePickerListItem&)> read)
+{
+    ItemKind kind;
+    kind.name = name;
+    kind.make = [make] (Rng& rng) -> AttributeListSimpleItem* { return make (rng); };
+    kind.poke = [pokeOwn] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& picker = As<AttributePickerListItem> (item);
+        Chance (rng, 30) ? PokePicker (picker, rng) : pokeOwn (picker, rng);
+    };
+    kind.read = [read] (const AttributeListSimpleItem& item) { return read (As<AttributePickerListItem> (item)); };
+    return kind;
+}
+
+std::string IndexText (const ADB::AttributeIndex& index)
+{
+    return std::to_string (index.GetValue ());
+}
+
+void AddPickerKinds (std::vector<ItemKind>& kinds)
+{
+    ItemKind pen;
+    pen.name = "Pen";
+    const auto penSubType = [] (Rng& rng) { return static_cast<AttributeListPenItem::SubType> (Chance (rng, 90) ? 1 + Pick (rng, 3) : ExtremeInt (rng)); };
+    pen.make = [penSubType] (Rng& rng) -> AttributeListSimpleItem* {
+        return new AttributeListPenItem (Name ("Pen"), Wg::Icon (), SampleProvider (rng), penSubType (rng), SomePen (rng), Status (rng), false);
+    };
+    pen.createInList = [penSubType] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreatePenItem (Name ("Pen"), Wg::Icon (), SampleProvider (rng), penSubType (rng), SomePen (rng), Status (rng), false);
+    };
+    pen.createInGroup = [penSubType] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreatePenItem (asMaster, Name ("Pen"), Wg::Icon (), SampleProvider (rng), penSubType (rng), SomePen (rng), Status (rng),
+                                    false);
+    };
+    pen.poke = [penSubType] (AttributeListSimpleItem& item, Rng& rng) {
+        auto& p = As<AttributeListPenItem> (item);
+        switch (Pick (rng, 4)) {
+            case 0: p.SetPen (SomePen (rng)); break;
+            case 1: p.SetSubType (penSubType (rng)); break;
+            case 2: p.SetAttributeSetProvider (SampleProvider (rng)); break;
+            default: p.SetCustomCallBackAndUserData (Chance (rng, 50) ? &TxAC::PenWithNullControlCallBack : nullptr, nullptr); break;
+        }
+    };
+    pen.read = [] (const AttributeListSimpleItem& item) { return std::to_string (As<AttributeListPenItem> (item).GetPen ()); };
+    kinds.push_back (pen);
+
+    const auto fillSubType = [] (Rng& rng) { return static_cast<AttributeListFillItem::SubType> (Chance (rng, 90) ? Pick (rng, 8) : ExtremeInt (rng)); };
+    ItemKind fill = PickerKind (
+        "Fill",
+        [fillSubType] (Rng& rng) {
+            return new AttributeListFillItem (Name ("Fill"), Wg::Icon (), Wg::Icon (), SampleProvider (rng), fillSubType (rng), SomeIndex (rng),
+                                              SomePen (rng), SomePen (rng), -1223, SomePen (rng), Status (rng), false);
+        },
+        [fillSubType] (AttributePickerListItem& item, Rng& rng) {
+            auto& f = static_cast<AttributeListFillItem&> (item);
+            switch (Pick (rng, 4)) {
+                case 0: f.SetFill (SomeIndex (rng)); break;
+                case 1: f.SetSubType (fillSubType (rng)); break;
+                case 2: f.SetForegroundPen (SomePen (rng)); break;
+                default: f.SetContourPen (SomePen (rng)); break;
+            }
+        },
+        [] (const AttributePickerListItem& item) { return IndexText (static_cast<const AttributeListFillItem&> (item).GetFill ()); });
+    fill.createInList = [fillSubType] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateFillItem (Name ("Fill"), Wg::Icon (), Wg::Icon (), SampleProvider (rng), fillSubType (rng), SomeIndex (rng), -1223,
+                                    SomePen (rng), SomePen (rng), -1223, Status (rng), false);
+    };
+    fill.createInGroup = [fillSubType] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateFillItem (asMaster, Name ("Fill"), Wg::Icon (), Wg::Icon (), SampleProvider (rng), fillSubType (rng), SomeIndex (rng),
+                                     SomePen (rng), -1223, -1223, -1223, Status (rng), false);
+    };
+    kinds.push_back (fill);
+
+    kinds.push_back (PickerKind (
+        "Composite",
+        [] (Rng& rng) {
+            return new AttributeListCompositeItem (Name ("Composite"), Wg::Icon (), SampleProvider (rng),
+                                                   static_cast<AttributeListCompositeItem::SubType> (1 + Pick (rng, 7)), SomeIndex (rng),
+                                                   Status (rng), false);
+        },
+        [] (AttributePickerListItem& item, Rng& rng) {
+            auto& c = static_cast<AttributeListCompositeItem&> (item);
+            switch (Pick (rng, 3)) {
+                case 0: c.SetComposite (SomeIndex (rng)); break;
+                case 1: c.SetSubType (static_cast<AttributeListCompositeItem::SubType> (1 + Pick (rng, 7))); break;
+                default: c.SetSeparatorPen (SomePen (rng)); break;
+            }
+        },
+        [] (const AttributePickerListItem& item) { return IndexText (static_cast<const AttributeListCompositeItem&> (item).GetComposite ()); }));
+
+    const auto lineSubType = [] (Rng& rng) { return static_cast<AttributeListLineTypeItem::SubType> (Pick (rng, 5)); };
+    ItemKind lineType = PickerKind (
+        "LineType",
+        [lineSubType] (Rng& rng) {
+            return new AttributeListLineTypeItem (Name ("LineType"), Wg::Icon (), SampleProvider (rng), lineSubType (rng), SomeIndex (rng),
+                                                  Status (rng), false);
+        },
+        [lineSubType] (AttributePickerListItem& item, Rng& rng) {
+            auto& l = static_cast<AttributeListLineTypeItem&> (item);
+            Chance (rng, 50) ? l.SetLineType (SomeIndex (rng)) : l.SetSubType (lineSubType (rng));
+        },
+        [] (const AttributePickerListItem& item) { return IndexText (static_cast<const AttributeListLineTypeItem&> (item).GetLineType ()); });
+    lineType.createInList = [lineSubType] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateLineTypeItem (Name ("LineType"), Wg::Icon (), SampleProvider (rng), lineSubType (rng), SomeIndex (rng), Status (rng),
+                                        false);
+    };
+    kinds.push_back (lineType);
+
+    const auto profileSubType = [] (Rng& rng) { return static_cast<AttributeListProfileItem::SubType> (Pick (rng, 8)); };
+    ItemKind profile = PickerKind (
+        "Profile",
+        [profileSubType] (Rng& rng) {
+            const TxAC::ProfileControlData data (nullptr, Pick (rng, 32), SomeIndex (rng), static_cast<short> (Pick (rng, 4)));
+            return new AttributeListProfileItem (Name ("Profile"), Wg::Icon (), SampleProvider (rng), profileSubType (rng), SomeIndex (rng),
+                                                 Chance (rng, 50) ? &data : nullptr, Status (rng), false);
+        },
+        [profileSubType] (AttributePickerListItem& item, Rng& rng) {
+            auto& p = static_cast<AttributeListProfileItem&> (item);
+            switch (Pick (rng, 3)) {
+                case 0: p.SetProfileIndex (SomeIndex (rng)); break;
+                case 1: p.SetSubType (profileSubType (rng)); break;
+                default: {
+                    const TxAC::ProfileControlData data (SampleProvider (rng), Pick (rng, 32), SomeIndex (rng), static_cast<short> (Pick (rng, 4)));
+                    p.SetProfileControlData (Chance (rng, 80) ? &data : nullptr);
+                    break;
+                }
+            }
+        },
+        [] (const AttributePickerListItem& item) { return IndexText (static_cast<const AttributeListProfileItem&> (item).GetProfileIndex ()); });
+    profile.createInGroup = [profileSubType] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateProfileItem (asMaster, Name ("Profile"), Wg::Icon (), SampleProvider (rng), profileSubType (rng), SomeIndex (rng),
+                                        nullptr, Status (rng), false);
+    };
+    kinds.push_back (profile);
+
+    ItemKind material = PickerKind (
+        "Material",
+        [] (Rng& rng) {
+            return new AttributeListMaterialItem (Name ("Material"), Wg::Icon (), SampleProvider (rng), SomeIndex (rng), Status (rng), false);
+        },
+        [] (AttributePickerListItem& item, Rng& rng) { static_cast<AttributeListMaterialItem&> (item).SetMaterial (SomeIndex (rng)); },
+        [] (const AttributePickerListItem& item) { return IndexText (static_cast<const AttributeListMaterialItem&> (item).GetMaterial ()); });
+    material.createInList = [] (AttributeList& list, Rng& rng) -> AttributeListSimpleItem* {
+        return list.CreateMaterialItem (Name ("Material"), Wg::Icon (), SampleProvider (rng), SomeIndex (rng), Status (rng), false);
+    };
+    kinds.push_back (material);
+
+    ItemKind building = PickerKind (
+        "BuildingMaterial",
+        [] (Rng& rng) {
+            return new AttributeListBuildingMaterialItem (Name ("BuildingMaterial"), Wg::Icon (), SampleProvider (rng), SomeIndex (rng),
+                                                          Status (rng), false);
+        },
+        [] (AttributePickerListItem& item, Rng& rng) {
+            static_cast<AttributeListBuildingMaterialItem&> (item).SetBuildingMaterial (SomeIndex (rng));
+        },
+        [] (const AttributePickerListItem& item) {
+            return IndexText (static_cast<const AttributeListBuildingMaterialItem&> (item).GetBuildingMaterial ());
+        });
+    building.createInGroup = [] (AttributeListGroupItem& group, bool asMaster, Rng& rng) -> AttributeListSimpleItem* {
+        return group.CreateBuildingMaterialItem (asMaster, Name ("BuildingMaterial"), Wg::Icon (), SampleProvider (rng), SomeIndex (rng),
+                                                 Status (rng), false);
+    };
+    kinds.push_back (building);
 }
 
 std::vector<ItemKind> MakeKinds ()
@@ -403,6 +607,7 @@ std::vector<ItemKind> MakeKinds ()
     separator.poke = [] (AttributeListSimpleItem&, Rng&) {};
     kinds.push_back (separator);
 
+    AddPickerKinds (kinds);
     return kinds;
 }
 

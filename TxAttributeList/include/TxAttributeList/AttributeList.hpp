@@ -209,6 +209,24 @@ public:
     AttributeListSeparatorItem* CreateSeparatorItem ();
     AttributeListIntervalItem* CreateIntervalItem (const Kor::UniString& name, const Wg::Icon& icon, double intervalBeg, double intervalEnd,
                                                    const Kor::UniString& betweenText, bool endHidden, bool status, bool boldText);
+    // Pen and attribute picker rows; the provider is not owned.
+    AttributeListPenItem*  CreatePenItem (const Kor::UniString& name, const Wg::Icon& icon, const ADB::IAttributeSetProvider* provider,
+                                          AttributeListPenItem::SubType subType, short pen, bool status, bool boldText);
+    AttributeListFillItem* CreateFillItem (const Kor::UniString& name, const Wg::Icon& icon, const Wg::Icon& customIcon,
+                                           const ADB::IAttributeSetProvider* provider, AttributeListFillItem::SubType subType,
+                                           const ADB::AttributeIndex& index, short foregroundPen, short backgroundPen, short contourPen,
+                                           short separatorPen, bool status, bool boldText);
+    AttributeListLineTypeItem* CreateLineTypeItem (const Kor::UniString& name, const Wg::Icon& icon, const ADB::IAttributeSetProvider* provider,
+                                                   AttributeListLineTypeItem::SubType subType, const ADB::AttributeIndex& index, bool status,
+                                                   bool boldText);
+    AttributeListProfileItem* CreateProfileItem (const Kor::UniString& name, const Wg::Icon& icon, const ADB::IAttributeSetProvider* provider,
+                                                 AttributeListProfileItem::SubType subType, const ADB::AttributeIndex& index,
+                                                 const TxAC::ProfileControlData* controlData, bool status, bool boldText);
+    AttributeListMaterialItem* CreateMaterialItem (const Kor::UniString& name, const Wg::Icon& icon, const ADB::IAttributeSetProvider* provider,
+                                                   const ADB::AttributeIndex& index, bool status, bool boldText);
+    AttributeListBuildingMaterialItem* CreateBuildingMaterialItem (const Kor::UniString& name, const Wg::Icon& icon,
+                                                                   const ADB::IAttributeSetProvider* provider, const ADB::AttributeIndex& index,
+                                                                   bool status, bool boldText);
     void CollapseAllGroups ();
     void ExpandAllGroups ();
 
@@ -300,6 +318,9 @@ private:
     bool IsTypingInPlacedEdit () const;
     bool IsOnTabControl (const Wg::Item* item) const;
     Wg::KeyResult MoveSelection (short step);
+    // Opens the popup of a pen, fill, profile or line type row (Down with the popup
+    // modifier); false for other rows.
+    bool          OpenPopupByKeyboard (AttributeListItem* item);
 
     // Runs fn(item) on the selected row's item under draw suspension, then redraws its cells.
     template <typename Fn>

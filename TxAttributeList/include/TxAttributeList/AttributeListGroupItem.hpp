@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "TxAttributeList/AttributeListItems.hpp"
+#include "TxAttributeList/AttributePickerItems.hpp"
+#include "TxAttributeList/PenItem.hpp"
 
 namespace TxAL {
 
@@ -88,6 +90,27 @@ public:
     AttributeListIntervalItem* CreateIntervalItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon, double intervalBeg,
                                                    double intervalEnd, const Kor::UniString& betweenText, bool endHidden, bool status,
                                                    bool boldText);
+    // Pen and attribute picker rows; the provider is not owned.
+    AttributeListPenItem*  CreatePenItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon,
+                                          const ADB::IAttributeSetProvider* provider, AttributeListPenItem::SubType subType, short pen,
+                                          bool status, bool boldText);
+    AttributeListFillItem* CreateFillItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon, const Wg::Icon& customIcon,
+                                           const ADB::IAttributeSetProvider* provider, AttributeListFillItem::SubType subType,
+                                           const ADB::AttributeIndex& index, short foregroundPen, short backgroundPen, short contourPen,
+                                           short separatorPen, bool status, bool boldText);
+    AttributeListLineTypeItem* CreateLineTypeItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon,
+                                                   const ADB::IAttributeSetProvider* provider, AttributeListLineTypeItem::SubType subType,
+                                                   const ADB::AttributeIndex& index, bool status, bool boldText);
+    AttributeListProfileItem* CreateProfileItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon,
+                                                 const ADB::IAttributeSetProvider* provider, AttributeListProfileItem::SubType subType,
+                                                 const ADB::AttributeIndex& index, const TxAC::ProfileControlData* controlData, bool status,
+                                                 bool boldText);
+    AttributeListMaterialItem* CreateMaterialItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon,
+                                                   const ADB::IAttributeSetProvider* provider, const ADB::AttributeIndex& index, bool status,
+                                                   bool boldText);
+    AttributeListBuildingMaterialItem* CreateBuildingMaterialItem (bool asMaster, const Kor::UniString& name, const Wg::Icon& icon,
+                                                                   const ADB::IAttributeSetProvider* provider, const ADB::AttributeIndex& index,
+                                                                   bool status, bool boldText);
 
     // --- Overrides of AttributeListItem ---
     void AssignToList (AttributeList* newList) override;

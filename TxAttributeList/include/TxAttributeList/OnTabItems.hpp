@@ -65,6 +65,12 @@ public:
 
     // Forgets the user data and callbacks of the picker controls.
     void ClearUserControlCallbacks ();
+    // The same, only when owner placed them last (SetUserControlOwner): a row that leaves the
+    // list must not clear what the row now being edited has just placed.
+    void ClearUserControlCallbacks (const void* owner);
+    // Records who placed the picker controls' callbacks and user data.
+    void SetUserControlOwner (const void* owner) { userControlOwner = owner; }
+    const void* GetUserControlOwner () const { return userControlOwner; }
     // Applies a new auto-update mode to every edit.
     void SetEditControlAutoUpdate (bool on);
 
@@ -77,6 +83,7 @@ private:
     std::vector<Control>       controls;
     std::vector<Wg::Item*>     focusOrder;
     std::vector<Wg::RealEdit*> realEdits;
+    const void*                userControlOwner = nullptr;
 };
 
 }   // namespace TxAL

@@ -2,9 +2,15 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QPainter>
 #include <QPalette>
 #include <QStyleFactory>
+#include <algorithm>
 #include <memory>
+
+#include "AttributePickerPopupView.hpp"
+#include "PickerPopup.hpp"
+#include "Pk/PickerSession.hpp"
 
 #include "IconCache.hpp"
 #include "QtModalRunner.hpp"
@@ -104,6 +110,68 @@ bool Backend::SaveScreenshot (QWidget& widget, const QString& fileName)
 {
     const QImage image = Grab (widget);
     return !image.isNull () && image.save (fileName, "PNG");
+}
+
+namespace {
+
+// Plays one picker session for a screenshot, then hands the next ones back to the runner that
+// was installed before it.
+class PickerScreenshotRunner : public Wg::ModalRunner {
+public:
+    void Arm (QWidget& newWindow, const QString& newFileName, int newEntry)
+    {
+        window = &newWindow;
+        fileName = newFileName;
+        entry = newEntry;
+        previous = Wg::SetModalRunner (this);
+    }
+
+    void Run (Wg::ModalSession& session) override
+    {
+        Wg::SetModalRunner (previous);
+        session.Begin ();
+        if (session.HasEnded () || window == nullptr) return;
+        std::unique_ptr<QWidget> popup;
+        if (const auto* attributes = dynamic_cast<const TxAC::AttributePickerSession*> (&session)) {
+            auto view = std::make_unique<AttributePickerPopupView> (*attributes, nullptr);
+            view->ShowHovered (entry);
+            popup = std::move (view);
+        } else if (const auto* pens = dynamic_cast<const Pk::PickerSession*> (&session)) {
+            popup = std::make_unique<PickerPopup> (pens->GetPickerEntries (), entry, true, nullptr);
+        }
+        session.Perform (Wg::ModalStep::MakeTrack (entry));
+        if (popup != nullptr && !session.HasEnded ()) {
+            QApplication::processEvents ();
+            QImage shot = Backend::Grab (*window);
+            const QWidget* anchor = FindItemWidget (session.GetAnchor ());
+            const QPoint bottomRight = anchor != nullptr ? anchor->mapTo (window, QPoint (anchor->width (), anchor->height ())) : QPoint (0, 0);
+            const int anchorTop = bottomRight.y () - (anchor != nullptr ? anchor->height () : 0);
+            // Right-aligned under the button, or above it where there is no room below; inside the window.
+            QPoint at (bottomRight.x () - popup->width (), bottomRight.y ());
+            if (at.y () + popup->height () > window->height ()) at.ry () = anchorTop - popup->height ();
+            at.rx () = std::clamp (at.x (), 0, std::max (0, window->width () - popup->width ()));
+            at.ry () = std::clamp (at.y (), 0, std::max (0, window->height () - popup->height ()));
+            QPainter painter (&shot);
+            painter.drawPixmap (at, popup->grab ());
+            painter.end ();
+            shot.save (fileName, "PNG");
+        }
+        if (!session.HasEnded ()) session.Perform (Wg::ModalStep::MakeCancel ());
+    }
+
+private:
+    QWidget*         window = nullptr;
+    QString          fileName;
+    int              entry = 0;
+    Wg::ModalRunner* previous = nullptr;
+};
+
+}   // namespace
+
+void Backend::ScreenshotNextPicker (QWidget& window, const QString& fileName, int entry)
+{
+    static PickerScreenshotRunner runner;
+    runner.Arm (window, fileName, entry);
 }
 
 }   // namespace TxalQt

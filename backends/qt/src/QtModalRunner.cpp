@@ -12,6 +12,7 @@
 
 #include "IconCache.hpp"
 #include "InputScope.hpp"
+#include "AttributePickerPopupView.hpp"
 #include "PickerPopup.hpp"
 #include "Rb/AutoClosingSingleItemSelectionDialog.hpp"
 #include "TxalQt/ItemSelectionPopup.hpp"
@@ -143,6 +144,10 @@ void QtModalRunner::Run (Wg::ModalSession& session)
             RunMenu (session);
             break;
         case Wg::ModalSession::Kind::Picker: {
+            if (dynamic_cast<const TxAC::AttributePickerSession*> (&session) != nullptr) {
+                RunAttributePicker (session);
+                break;
+            }
             const auto* picker = dynamic_cast<const Pk::PickerSession*> (&session);
             const Pk::PickerControl* control = picker != nullptr ? picker->GetPickerControl () : nullptr;
             const auto& entries = picker != nullptr ? picker->GetPickerEntries () : std::vector<Pk::PickerControl::Entry> ();
@@ -218,6 +223,21 @@ void QtModalRunner::RunPickerGrid (Wg::ModalSession& session)
     });
     popup = &grid;
     const int chosen = grid.Exec (PopupPosition (FindItemWidget (session.GetAnchor ())));
+    Finish (session, chosen);
+}
+
+void QtModalRunner::RunAttributePicker (Wg::ModalSession& session)
+{
+    const auto& picker = static_cast<const TxAC::AttributePickerSession&> (session);
+    QPointer<AttributePickerPopupView> popup;
+    AttributePickerPopupView view (picker, [&session, &popup] (int entry) {
+        if (session.HasEnded ()) return;
+        const InputScope scope;
+        session.Perform (Wg::ModalStep::MakeTrack (entry));
+        if (session.HasEnded () && popup != nullptr) popup->Dismiss ();
+    });
+    popup = &view;
+    const int chosen = view.Exec (PopupPosition (FindItemWidget (session.GetAnchor ())));
     Finish (session, chosen);
 }
 

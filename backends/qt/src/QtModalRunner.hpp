@@ -3,7 +3,8 @@
 //   Menu sessions      -> a QMenu at the anchor (icons, separators, disabled entries, the
 //                         initial entry checked)
 //   Picker sessions    -> a grid of swatches (PickerPopup) when every entry has a colour or an
-//                         icon and the control asks for a grid, otherwise a QMenu with swatches
+//                         icon and the control asks for a grid, otherwise a QMenu with swatches;
+//                         attribute pickers a list of previews (AttributePickerPopupView)
 //   Dialog sessions    -> the item selection popup (ItemSelectionPopup) for item selection
 //                         dialogs, the user dialogs' popups (UserDialogPopups.hpp) for the
 //                         checklist and the list edit; other dialogs are cancelled
@@ -23,6 +24,7 @@ public:
 private:
     void RunMenu (Wg::ModalSession& session);
     void RunPickerGrid (Wg::ModalSession& session);
+    void RunAttributePicker (Wg::ModalSession& session);
 };
 
 // The widget that shows the item (for placing popups); null when it has none.

@@ -54,6 +54,10 @@ public:
     // peers; SaveScreenshot writes the rendering to a PNG file and answers whether it could.
     static QImage Grab (QWidget& widget);
     static bool   SaveScreenshot (QWidget& widget, const QString& fileName);
+    // For screenshots of open pickers: the next picker that opens (attribute or pen picker) has
+    // the pointer over entry, so that its row previews that entry, and is written with window
+    // behind it to fileName; then it closes without a choice. Answers nothing: check the file.
+    static void ScreenshotNextPicker (QWidget& window, const QString& fileName, int entry);
 };
 
 }   // namespace TxalQt
