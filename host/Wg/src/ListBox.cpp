@@ -182,6 +182,8 @@ short ListBox::InsertItem (short row)
     const short count = impl->GetCount ();
     if (row < 1 || row > count + 1 || count >= MaxRowCount) return NoRow;
     impl->rows.insert (impl->rows.begin () + (row - 1), Impl::Row {});
+    // The new row holds no value; only the rows after it move.
+    if (row <= count) impl->valueIndex.MarkStale ();
     if (impl->scroll == NoRow) {
         impl->scroll = 1;
         impl->Notify (Aspect::Scroll);
@@ -218,6 +220,10 @@ void ListBox::DeleteItem (short row)
         impl->SetSelected (NoRow);
         if (alive.IsGone () || !impl->IsRow (row)) return;
     }
+    if (row == impl->GetCount ())
+        impl->valueIndex.Remove (impl->rows.back ().value, row);
+    else
+        impl->valueIndex.MarkStale ();
     impl->rows.erase (impl->rows.begin () + (row - 1));
     impl->RowsChanged ();
     if (impl->selected > row) {
@@ -236,6 +242,7 @@ void ListBox::DeleteAllItems ()
     if (alive.IsGone ()) return;
     // The row storage keeps its capacity: a rebuild of the same size allocates nothing.
     impl->rows.clear ();
+    impl->valueIndex.Clear ();
     impl->RowsChanged ();
     impl->SetScroll (NoRow);
 }
@@ -243,7 +250,24 @@ void ListBox::DeleteAllItems ()
 void ListBox::SetItemValue (short row, void* value)
 {
     // The value is the caller's, never shown: nothing to redraw.
-    if (Impl::Row* r = impl->FindRow (row)) r->value = value;
+    Impl::Row* r = impl->FindRow (row);
+    if (r == nullptr || r->value == value) return;
+    if (!impl->valueIndex.IsStale ()) {
+        impl->valueIndex.Remove (r->value, row);
+        impl->valueIndex.Add (value, row);
+    }
+    r->value = value;
+}
+
+short ListBox::FindNextRowWithValue (const void* value, short after) const
+{
+    return impl->GetValueIndex ().FindNext (value, after);
+}
+
+const RowValueIndex& ListBox::Impl::GetValueIndex () const
+{
+    if (valueIndex.IsStale ()) valueIndex.Rebuild (rows.size (), [this] (std::size_t i) { return rows[i].value; });
+    return valueIndex;
 }
 
 void* ListBox::GetItemValue (short row) const

@@ -11,6 +11,7 @@
 
 #include "Kor/LifeWatch.hpp"
 #include "Wg/ListBox.hpp"
+#include "RowValueIndex.hpp"
 
 namespace Wg {
 
@@ -115,6 +116,10 @@ struct ListBox::Impl {
     void  RowChanged (short row);
     void  RowsChanged ();
 
+    // --- Rows by value ---
+    // The index, rebuilt first when rows were shifted since it was last read.
+    const RowValueIndex& GetValueIndex () const;
+
     // --- Painting ---
     void  DrawCellContent (const Row& row, short column, const Rect& cell, Gfx::DrawingContext& context) const;
 
@@ -127,6 +132,8 @@ struct ListBox::Impl {
     std::vector<TabField>    tabFields;
     std::vector<HeaderItem>  headerItems;
     std::vector<OnTabEntry>  onTabItems;
+    // Which rows hold which value; kept in step with every change of rows and values.
+    mutable RowValueIndex    valueIndex;
     OnTabItemWatcher         watcher {*this};
     std::uint64_t            redrawCount = 0;
     // Tells entry points that an observer destroyed the list box during a notification.
