@@ -242,7 +242,9 @@ void ListBox::DeleteAllItems ()
     if (alive.IsGone ()) return;
     // The row storage keeps its capacity: a rebuild of the same size allocates nothing.
     impl->rows.clear ();
-    impl->valueIndex.Clear ();
+    // A rebuild appends every row again: the index is made once, at the next lookup, rather
+    // than entry by entry while the rows are filled.
+    impl->valueIndex.MarkStale ();
     impl->RowsChanged ();
     impl->SetScroll (NoRow);
 }

@@ -4,8 +4,9 @@
 //
 // An open-addressing table of (value, row) pairs with linear probing, sized to at least twice
 // its entries, so that a lookup touches a few slots whatever the row count. Rows are only
-// appended or rebuilt wholesale in the common case; an insertion or deletion that shifts later
-// rows marks the table stale and it is rebuilt from the rows on the next lookup.
+// appended or rebuilt wholesale in the common case. Deleting every row, or an insertion or
+// deletion that shifts later rows, marks the table stale; it is rebuilt from the rows on the
+// next lookup, in one pass over a table that stays in the cache while it is filled.
 
 #include <cstddef>
 #include <cstdint>
@@ -37,11 +38,11 @@ private:
     };
 
     std::size_t Home (const void* value) const;
-    std::size_t Next (std::size_t slot) const { return (slot + 1) & (slots.size () - 1); }
+    std::size_t Next (std::size_t slot) const { return (slot + 1) & (table.size () - 1); }
     void        Grow ();
     void        Place (const void* value, short row);
 
-    std::vector<Slot> slots;
+    std::vector<Slot> table;
     std::size_t       entryCount = 0;
     bool              stale = false;
 };
