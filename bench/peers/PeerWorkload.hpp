@@ -1,0 +1,123 @@
+#pragma once
+// What every peer program shares: the workload's shape (properties in groups, kinds round-robin,
+// bounds and choices), the command line, timing, the heap figure and the output format.
+//
+// Output, one line per workload on stdout, in the order of WorkloadNames:
+//   populate<TAB>123.4            (the unit is fixed per workload, see the report tool)
+//   edit<TAB>n/a<TAB>why not
+// A program that finds its work undone (a count, a value or a paint event missing) prints
+// "error<TAB>what" and exits with FailureExitCode.
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace Peers {
+
+constexpr int DefaultRows = 1000;
+constexpr int PropertiesPerGroup = 20;
+constexpr int ChoiceCount = 5;
+constexpr int IntMin = 0;
+constexpr int IntMax = 1000;
+constexpr double RealMin = 0.0;
+constexpr double RealMax = 1000.0;
+constexpr int FailureExitCode = 2;
+// Short operations are timed this many times and the median is kept.
+constexpr int SmallRepeats = 101;
+// Long operations (rebuilding or painting the list) are timed this many times.
+constexpr int LargeRepeats = 5;
+
+enum class Kind { Text, Int, Real, Check, Choice };
+constexpr int KindCount = 5;
+
+inline Kind KindOf (int property) { return static_cast<Kind> (property % KindCount); }
+inline const char* ChoiceName (int index)
+{
+    static const char* const names[ChoiceCount] = {"Concrete", "Brick", "Timber", "Steel", "Glass"};
+    return names[index % ChoiceCount];
+}
+inline std::string PropertyName (int property) { return "Property " + std::to_string (property + 1); }
+inline std::string GroupName (int group) { return "Group " + std::to_string (group + 1); }
+inline int GroupCount (int rows) { return (rows + PropertiesPerGroup - 1) / PropertiesPerGroup; }
+// The property whose value the change and edit workloads touch: one of the given kind near the
+// middle of the list.
+inline int MiddleProperty (int rows, Kind kind)
+{
+    int property = rows / 2;
+    while (KindOf (property) != kind) ++property;
+    return std::min (property, rows - 1);
+}
+
+inline int ParseRows (int argc, char** argv)
+{
+    for (int i = 1; i + 1 < argc; ++i)
+        if (std::strcmp (argv[i], "--rows") == 0) return std::max (PropertiesPerGroup, std::atoi (argv[i + 1]));
+    return DefaultRows;
+}
+
+inline bool HasFlag (int argc, char** argv, const char* flag)
+{
+    for (int i = 1; i < argc; ++i)
+        if (std::strcmp (argv[i], flag) == 0) return true;
+    return false;
+}
+
+inline std::size_t HeapInUse ()
+{
+    const struct mallinfo2 info = mallinfo2 ();
+    return info.uordblks + info.hblkhd;
+}
+
+template <typename Fn>
+double Microseconds (Fn&& fn)
+{
+    const auto start = std::chrono::steady_clock::now ();
+    fn ();
+    return std::chrono::duration<double, std::micro> (std::chrono::steady_clock::now () - start).count ();
+}
+
+// The median of `repeats` timings of fn, in microseconds.
+template <typename Fn>
+double MedianMicroseconds (int repeats, Fn&& fn)
+{
+    std::vector<double> times;
+    times.reserve (static_cast<std::size_t> (repeats));
+    for (int i = 0; i < repeats; ++i) times.push_back (Microseconds (fn));
+    std::nth_element (times.begin (), times.begin () + repeats / 2, times.end ());
+    return times[static_cast<std::size_t> (repeats / 2)];
+}
+
+// The median of `repeats` timings of timed, each after an untimed setup, in microseconds.
+template <typename Setup, typename Timed>
+double MedianMicroseconds (int repeats, Setup&& setup, Timed&& timed)
+{
+    std::vector<double> times;
+    times.reserve (static_cast<std::size_t> (repeats));
+    for (int i = 0; i < repeats; ++i) {
+        setup ();
+        times.push_back (Microseconds (timed));
+    }
+    std::nth_element (times.begin (), times.begin () + repeats / 2, times.end ());
+    return times[static_cast<std::size_t> (repeats / 2)];
+}
+
+inline void Print (const char* workload, double value) { std::printf ("%s\t%.6g\n", workload, value); }
+inline void NotApplicable (const char* workload, const char* why) { std::printf ("%s\tn/a\t%s\n", workload, why); }
+[[noreturn]] inline void Fail (const std::string& what)
+{
+    std::printf ("error\t%s\n", what.c_str ());
+    std::fflush (stdout);
+    std::_Exit (FailureExitCode);
+}
+inline void Check (bool condition, const std::string& what)
+{
+    if (!condition) Fail (what);
+}
+
+}   // namespace Peers
