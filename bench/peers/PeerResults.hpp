@@ -21,6 +21,7 @@ inline const std::vector<Workload>& Workloads ()
     static const std::vector<Workload> workloads = {
         {"populate", "Populate in a batch", "ns per row"},
         {"memory", "Memory", "bytes per row"},
+        {"faults", "Fresh pages during populate", "page faults per row"},
         {"change", "Program sets one value, shown", "µs"},
         {"edit", "User edit to observer", "µs"},
         {"refresh", "Full refresh", "ms"},

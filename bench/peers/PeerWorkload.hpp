@@ -4,11 +4,13 @@
 //
 // Output, one line per workload on stdout, in the order of WorkloadNames:
 //   populate<TAB>123.4            (the unit is fixed per workload, see the report tool)
+//   faults<TAB>0.21               (pages the kernel handed out during populate, per row)
 //   edit<TAB>n/a<TAB>why not
 // A program that finds its work undone (a count, a value or a paint event missing) prints
 // "error<TAB>what" and exits with FailureExitCode.
 
 #include <malloc.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <chrono>
@@ -72,6 +74,14 @@ inline std::size_t HeapInUse ()
 {
     const struct mallinfo2 info = mallinfo2 ();
     return info.uordblks + info.hblkhd;
+}
+
+// Pages the kernel handed to the process so far (minor faults): new memory costs one each 4 KiB.
+inline long MinorFaults ()
+{
+    struct rusage usage {};
+    getrusage (RUSAGE_SELF, &usage);
+    return usage.ru_minflt;
 }
 
 template <typename Fn>

@@ -128,6 +128,7 @@ int Run (int rows)
 
     // --- Populate, and the heap it holds ---
     const std::size_t heapBefore = HeapInUse ();
+    const long faultsBefore = MinorFaults ();
     const double populateUs = Microseconds ([&] {
         tree.setUpdatesEnabled (false);
         QList<QTreeWidgetItem*> groups;
@@ -152,9 +153,11 @@ int Run (int rows)
         QApplication::processEvents ();
     });
     const std::size_t heapAfter = HeapInUse ();
+    const long faults = MinorFaults () - faultsBefore;
     Check (tree.topLevelItemCount () == GroupCount (rows) && real != nullptr && text != nullptr, "populate made the wrong tree");
     Print ("populate", populateUs * 1000.0 / rows);
     Print ("memory", static_cast<double> (heapAfter - heapBefore) / rows);
+    Print ("faults", static_cast<double> (faults) / rows);
 
     // --- One value set by the program in the middle of the list, and shown ---
     tree.scrollToItem (real, QAbstractItemView::PositionAtCenter);

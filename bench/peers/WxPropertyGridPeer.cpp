@@ -38,6 +38,7 @@ int Run (int rows)
 
     // --- Populate, and the heap it holds ---
     const std::size_t heapBefore = HeapInUse ();
+    const long faultsBefore = MinorFaults ();
     const double populateUs = Microseconds ([&] {
         grid->Freeze ();
         for (int property = 0; property < rows; ++property) {
@@ -69,9 +70,11 @@ int Run (int rows)
         show ();
     });
     const std::size_t heapAfter = HeapInUse ();
+    const long faults = MinorFaults () - faultsBefore;
     Check (real != nullptr && text != nullptr && grid->GetPropertyByName (PropertyName (rows - 1)) != nullptr, "populate made the wrong grid");
     Print ("populate", populateUs * 1000.0 / rows);
     Print ("memory", static_cast<double> (heapAfter - heapBefore) / rows);
+    Print ("faults", static_cast<double> (faults) / rows);
 
     // --- One value set by the program in the middle of the list, and shown ---
     grid->EnsureVisible (real);
