@@ -217,6 +217,15 @@ int Run (int rows, bool withQt)
           }) / 1000.0);
     Check (listBox.GetItemCount () == rows + GroupCount (rows), "expanding lost rows");
 
+    // --- Populated again after clearing, as a palette is for every new selection ---
+    list->ClearList (true);
+    show ();
+    Print ("repopulate", Microseconds ([&] {
+              built = Populate (*list, rows);
+              show ();
+          }) * 1000.0 / rows);
+    Check (listBox.GetItemCount () == rows + GroupCount (rows), "repopulate made " + std::to_string (listBox.GetItemCount ()) + " rows");
+
     view.reset ();
     list.reset ();
     return 0;

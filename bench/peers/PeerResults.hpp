@@ -20,6 +20,7 @@ inline const std::vector<Workload>& Workloads ()
 {
     static const std::vector<Workload> workloads = {
         {"populate", "Populate in a batch", "ns per row"},
+        {"repopulate", "Populate again after clearing", "ns per row"},
         {"memory", "Memory", "bytes per row"},
         {"faults", "Fresh pages during populate", "page faults per row"},
         {"change", "Program sets one value, shown", "µs"},

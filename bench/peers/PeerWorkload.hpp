@@ -2,7 +2,7 @@
 // What every peer program shares: the workload's shape (properties in groups, kinds round-robin,
 // bounds and choices), the command line, timing, the heap figure and the output format.
 //
-// Output, one line per workload on stdout, in the order of WorkloadNames:
+// Output, one line per workload on stdout:
 //   populate<TAB>123.4            (the unit is fixed per workload, see the report tool)
 //   faults<TAB>0.21               (pages the kernel handed out during populate, per row)
 //   edit<TAB>n/a<TAB>why not
