@@ -134,7 +134,7 @@ int Run (int rows, bool withQt)
     const std::size_t heapBefore = HeapInUse ();
     const long faultsBefore = MinorFaults ();
     Built built;
-    const double populateUs = Microseconds ([&] {
+    const double populateUs = CpuMicroseconds ([&] {
         built = Populate (*list, rows);
         show ();
     });
@@ -192,7 +192,7 @@ int Run (int rows, bool withQt)
     built.text->Detach (observer);
 
     // --- Every row rebuilt from the items ---
-    Print ("refresh", MedianMicroseconds (LargeRepeats, [&] {
+    Print ("refresh", MedianCpuMicroseconds (LargeRepeats, [&] {
               list->FullRefreshList (true);
               show ();
           }) / 1000.0);
@@ -202,14 +202,14 @@ int Run (int rows, bool withQt)
     if (withQt) {
         QImage frame (listWidget->size (), QImage::Format_ARGB32_Premultiplied);
         const int paintsBeforeFrame = counter.paints;
-        Print ("paint", MedianMicroseconds (LargeRepeats, [&] { listWidget->render (&frame); }) / 1000.0);
+        Print ("paint", MedianCpuMicroseconds (LargeRepeats, [&] { listWidget->render (&frame); }) / 1000.0);
         Check (counter.paints >= paintsBeforeFrame + LargeRepeats, "the screen was not painted");
     } else {
         NotApplicable ("paint", "the headless model paints nothing; see ours (Qt)");
     }
 
     // --- All groups collapsed, then expanded ---
-    Print ("collapse", MedianMicroseconds (LargeRepeats, [&] {
+    Print ("collapse", MedianCpuMicroseconds (LargeRepeats, [&] {
               list->CollapseAllGroups ();
               Check (listBox.GetItemCount () == GroupCount (rows), "collapsing left rows");
               list->ExpandAllGroups ();
@@ -220,7 +220,7 @@ int Run (int rows, bool withQt)
     // --- Populated again after clearing, as a palette is for every new selection ---
     list->ClearList (true);
     show ();
-    Print ("repopulate", Microseconds ([&] {
+    Print ("repopulate", CpuMicroseconds ([&] {
               built = Populate (*list, rows);
               show ();
           }) * 1000.0 / rows);

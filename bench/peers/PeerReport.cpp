@@ -121,7 +121,11 @@ void WriteMarkdown (const Results& results, const std::string& machine, std::ost
     out << "# Peer benchmarks\n\n";
     out << "Medians of " << results.GetRunCount () << " runs per figure, each run a fresh process; "
         << "\"median (min–max)\" over the runs. Properties in groups of " << PropertiesPerGroup
-        << ", kinds round-robin (text, int with bounds, real with bounds, check, choice of " << ChoiceCount << ").\n\n";
+        << ", kinds round-robin (text, int with bounds, real with bounds, check, choice of " << ChoiceCount << ").\n\n"
+        << "Whole-list workloads (populate, refresh, paint, collapse) are the CPU time of the peer's process, user and "
+           "system, so that other work on a shared machine does not inflate them; drawing that the X server does for the "
+           "wx peer is not in its figures. The single-value workloads (change, edit) are wall-clock medians of "
+        << SmallRepeats << " repetitions within each run.\n\n";
     out << "## Machine and versions\n\n```\n" << machine << "```\n\n";
     out << "## Targets\n\nRatio: the peer's median divided by ours (how many times ours is better); the target is met "
            "when the ratio reaches the required one.\n\n| target | ours | size | ratio | required | met |\n|---|---|---|---|---|---|\n";

@@ -152,7 +152,7 @@ int Run (int rows)
         tree.setUpdatesEnabled (true);
         QApplication::processEvents ();
     };
-    const double populateUs = Microseconds (populate);
+    const double populateUs = CpuMicroseconds (populate);
     const std::size_t heapAfter = HeapInUse ();
     const long faults = MinorFaults () - faultsBefore;
     Check (tree.topLevelItemCount () == GroupCount (rows) && real != nullptr && text != nullptr, "populate made the wrong tree");
@@ -206,11 +206,11 @@ int Run (int rows)
     // --- One screen painted ---
     QImage frame (tree.size (), QImage::Format_ARGB32_Premultiplied);
     const int paintsBeforeFrame = counter.paints;
-    Print ("paint", MedianMicroseconds (LargeRepeats, [&] { tree.render (&frame); }) / 1000.0);
+    Print ("paint", MedianCpuMicroseconds (LargeRepeats, [&] { tree.render (&frame); }) / 1000.0);
     Check (counter.paints >= paintsBeforeFrame + LargeRepeats, "the screen was not painted");
 
     // --- All groups collapsed, then expanded; the layout is made at once, not lazily ---
-    Print ("collapse", MedianMicroseconds (LargeRepeats, [&] {
+    Print ("collapse", MedianCpuMicroseconds (LargeRepeats, [&] {
               tree.collapseAll ();
               tree.doItemsLayout ();
               tree.expandAll ();
@@ -222,7 +222,7 @@ int Run (int rows)
     // --- Populated again after clearing, as a palette is for every new selection ---
     tree.clear ();
     QApplication::processEvents ();
-    Print ("repopulate", Microseconds (populate) * 1000.0 / rows);
+    Print ("repopulate", CpuMicroseconds (populate) * 1000.0 / rows);
     Check (tree.topLevelItemCount () == GroupCount (rows), "repopulate made the wrong tree");
     return 0;
 }

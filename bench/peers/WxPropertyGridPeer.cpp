@@ -69,7 +69,7 @@ int Run (int rows)
         grid->Thaw ();
         show ();
     };
-    const double populateUs = Microseconds (populate);
+    const double populateUs = CpuMicroseconds (populate);
     const std::size_t heapAfter = HeapInUse ();
     const long faults = MinorFaults () - faultsBefore;
     Check (real != nullptr && text != nullptr && grid->GetPropertyByName (PropertyName (rows - 1)) != nullptr, "populate made the wrong grid");
@@ -119,21 +119,21 @@ int Run (int rows)
     grid->ClearSelection ();
 
     // --- Every row laid out and drawn again from the properties ---
-    Print ("refresh", MedianMicroseconds (LargeRepeats, [&] {
+    Print ("refresh", MedianCpuMicroseconds (LargeRepeats, [&] {
               grid->RefreshGrid ();
               show ();
           }) / 1000.0);
 
     // --- One screen painted ---
     const int paintsBeforeFrame = paints;
-    Print ("paint", MedianMicroseconds (LargeRepeats, [&] {
+    Print ("paint", MedianCpuMicroseconds (LargeRepeats, [&] {
               grid->Refresh ();
               show ();
           }) / 1000.0);
     Check (paints >= paintsBeforeFrame + LargeRepeats, "the screen was not painted");
 
     // --- All groups collapsed, then expanded ---
-    Print ("collapse", MedianMicroseconds (LargeRepeats, [&] {
+    Print ("collapse", MedianCpuMicroseconds (LargeRepeats, [&] {
               grid->CollapseAll ();
               grid->ExpandAll ();
               show ();
@@ -143,7 +143,7 @@ int Run (int rows)
     // --- Populated again after clearing, as a palette is for every new selection ---
     grid->Clear ();
     show ();
-    Print ("repopulate", Microseconds (populate) * 1000.0 / rows);
+    Print ("repopulate", CpuMicroseconds (populate) * 1000.0 / rows);
     Check (grid->GetPropertyByName (PropertyName (rows - 1)) != nullptr, "repopulate made the wrong grid");
 
     frame->Destroy ();
