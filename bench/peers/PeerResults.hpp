@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -71,5 +72,9 @@ private:
     std::map<std::string, Figure> figures;   // "peer size workload"
     std::vector<int>              sizes;
 };
+
+// The report: how it was measured, the machine, the ratios against the targets, then a table per
+// workload with "median (min–max)" per peer and size, and why a peer cannot do a workload.
+void WriteMarkdown (const Results& results, const std::string& machine, std::ostream& out);
 
 }   // namespace Peers
