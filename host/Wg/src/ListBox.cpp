@@ -263,7 +263,10 @@ void ListBox::SetItemValue (short row, void* value)
 
 short ListBox::FindNextRowWithValue (const void* value, short after) const
 {
-    return impl->GetValueIndex ().FindNext (value, after);
+    return impl->GetValueIndex ().FindNext (value, after, [this] (short row) {
+        const Impl::Row* r = impl->FindRow (row);
+        return r != nullptr ? r->value : nullptr;
+    });
 }
 
 const RowValueIndex& ListBox::Impl::GetValueIndex () const

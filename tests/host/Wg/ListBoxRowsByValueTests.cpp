@@ -6,6 +6,7 @@
 #include <array>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "Wg/ListBox.hpp"
 #include "Wg/Panel.hpp"
@@ -83,6 +84,27 @@ TEST_F (RowsByValueTest, RowsInsertedOrDeletedBeforeAValueMoveItsRow)
     EXPECT_EQ (Indexed (Value (1)), "");
     EXPECT_EQ (AppendWith (1), 1);
     EXPECT_EQ (Indexed (Value (1)), "1");
+}
+
+TEST_F (RowsByValueTest, AFullListBoxFindsEveryValueAlsoWhereHashesCollide)
+{
+    // Twenty thousand distinct values share far fewer hash tags: many entries of a probe run
+    // are other values with the same tag.
+    constexpr int Count = 20000;
+    std::vector<int> many (Count);
+    for (int i = 0; i < Count; ++i) {
+        const short row = listBox.AppendItem ();
+        listBox.SetItemValue (row, &many[static_cast<std::size_t> (i)]);
+    }
+    int wrong = 0;
+    for (int i = 0; i < Count; ++i) wrong += listBox.FindNextRowWithValue (&many[static_cast<std::size_t> (i)]) != i + 1;
+    EXPECT_EQ (wrong, 0);
+    // Every other row emptied, then refilled with its neighbour's value.
+    for (short row = 2; row <= Count; row += 2) listBox.SetItemValue (row, nullptr);
+    for (short row = 2; row <= Count; row += 2) listBox.SetItemValue (row, listBox.GetItemValue (static_cast<short> (row - 1)));
+    for (int i = 0; i < Count; i += 2) wrong += Indexed (&many[static_cast<std::size_t> (i)]) != std::to_string (i + 1) + " " + std::to_string (i + 2);
+    for (int i = 1; i < Count; i += 2) wrong += listBox.FindNextRowWithValue (&many[static_cast<std::size_t> (i)]) != 0;
+    EXPECT_EQ (wrong, 0);
 }
 
 TEST_F (RowsByValueTest, RandomEditsAgreeWithAScanOfEveryRow)
