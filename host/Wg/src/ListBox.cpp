@@ -141,16 +141,44 @@ void ListBox::Impl::Notify (Aspect aspect, int detail)
 void ListBox::Impl::RowChanged (short row)
 {
     if (drawSuspension > 0) {
-        rowsPending = true;
+        CollectRow (row);
         return;
     }
     Notify (Aspect::Row, row);
+}
+
+void ListBox::Impl::CollectRow (short row)
+{
+    if (rowsPending || std::find (pendingRows.begin (), pendingRows.end (), row) != pendingRows.end ()) return;
+    // Past a few rows one redraw of all is cheaper than many of one.
+    if (pendingRows.size () >= MaxPendingRows) {
+        rowsPending = true;
+        pendingRows.clear ();
+        return;
+    }
+    pendingRows.push_back (row);
+}
+
+void ListBox::Impl::SendCollectedRows ()
+{
+    if (rowsPending) {
+        rowsPending = false;
+        pendingRows.clear ();
+        Notify (Aspect::Rows);
+        return;
+    }
+    // A row number refers to the rows as they are now: changes that moved rows come as Rows.
+    std::vector<short> rowsToSend;
+    rowsToSend.swap (pendingRows);
+    for (short row : rowsToSend)
+        if (IsRow (row)) Notify (Aspect::Row, row);
 }
 
 void ListBox::Impl::RowsChanged ()
 {
     if (drawSuspension > 0) {
         rowsPending = true;
+        pendingRows.clear ();
         return;
     }
     Notify (Aspect::Rows);
@@ -631,10 +659,8 @@ void ListBox::EnableDraw ()
 {
     if (impl->drawSuspension == 0 || --impl->drawSuspension > 0) return;
     ++impl->redrawCount;
-    if (impl->rowsPending) {
-        impl->rowsPending = false;
-        impl->Notify (Aspect::Rows);
-    }
+    // What changed while suspended is redrawn now: the rows that changed, or all of them.
+    impl->SendCollectedRows ();
     impl->Notify (Aspect::Draw);
 }
 
@@ -645,16 +671,24 @@ bool ListBox::IsDrawEnabled () const
 
 void ListBox::RedrawItem (short row)
 {
-    if (!impl->IsRow (row) || impl->drawSuspension > 0) return;
+    if (!impl->IsRow (row)) return;
+    if (impl->drawSuspension > 0) {
+        impl->CollectRow (row);
+        return;
+    }
     ++impl->redrawCount;
     impl->Notify (Aspect::Row, row);
 }
 
 void ListBox::Redraw ()
 {
-    if (impl->drawSuspension > 0) return;
+    if (impl->drawSuspension > 0) {
+        impl->rowsPending = true;
+        impl->pendingRows.clear ();
+        return;
+    }
     ++impl->redrawCount;
-    impl->Notify (Aspect::Draw);
+    impl->Notify (Aspect::Draw, RedrawAll);
 }
 
 std::uint64_t ListBox::GetRedrawCount () const

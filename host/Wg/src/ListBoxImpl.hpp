@@ -115,6 +115,10 @@ struct ListBox::Impl {
     void  Notify (Aspect aspect, int detail = 0);
     void  RowChanged (short row);
     void  RowsChanged ();
+    // While drawing is suspended: remembers a changed row (a few of them, then all rows).
+    void  CollectRow (short row);
+    // On resume: Row for each remembered row, or one Rows.
+    void  SendCollectedRows ();
 
     // --- Rows by value ---
     // The index, rebuilt first when rows were shifted since it was last read.
@@ -148,6 +152,8 @@ struct ListBox::Impl {
     bool                     headerSynchronized = true;
     bool                     separatorLines = false;
     bool                     rowsPending = false;
+    std::vector<short>       pendingRows;
+    static constexpr std::size_t MaxPendingRows = 16;
 };
 
 template <typename Fn>
