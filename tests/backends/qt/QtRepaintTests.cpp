@@ -5,11 +5,19 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QImage>
+#include <QKeyEvent>
 #include <QPaintEvent>
+#include <QPainter>
+#include <QPixmap>
 #include <QRegion>
+#include <QScreen>
 #include <memory>
 #include <string>
 
+#include "TxAttributeList/AttributeList.hpp"
+#include "TxAttributeList/OnTabItems.hpp"
+#include "TxAttributeList/ValueItems.hpp"
 #include "TxalQt/Backend.hpp"
 #include "TxalQt/PanelView.hpp"
 #include "Wg/ListBox.hpp"
@@ -97,6 +105,71 @@ TEST_F (RepaintTest, APaintMissedWhileSuspendedIsMadeOnResume)
     listBox.DisableDraw ();
     listBox.EnableDraw ();
     EXPECT_EQ (Painted (), "none");
+}
+
+// Each keystroke in the name changes another row, as a value computed from others does.
+class Dependent : public TxAL::AttributeListTextItemObserver {
+public:
+    explicit Dependent (TxAL::AttributeListRealItem& shown) : shown (shown) {}
+
+protected:
+    void TextChanged (const TxAL::AttributeListTextItem& item) override { shown.SetValue (static_cast<double> (item.GetText ().GetLength ())); }
+
+private:
+    TxAL::AttributeListRealItem& shown;
+};
+
+// What the window shows after typing, painted piece by piece, must be what a full repaint shows.
+TEST (RepaintScreenTest, TypingLeavesTheScreenAsAFullRepaintWouldPaintIt)
+{
+    Wg::Panel panel (Wg::Rect (0, 0, Width, Height));
+    TxAL::AttributeList list (panel, 0, 0, Width, Height);
+    list.DisableUpdate ();
+    TxAL::AttributeListGroupItem* group = list.CreateGroup ("Walls", Wg::Icon (), true, true);
+    TxAL::AttributeListTextItem* name = group->CreateTextItem (false, "Name", Wg::Icon (), "Wall", false, true, false, true, false);
+    TxAL::AttributeListRealItem* length = group->CreateRealItem (false, "Length", Wg::Icon (), 0.0, 100.0, 2.5, true, true, false);
+    Dependent dependent (*length);
+    name->Attach (dependent);
+    list.EnableUpdate ();
+    list.FullRefreshList (true);
+    std::unique_ptr<TxalQt::PanelView> view (TxalQt::Backend::AttachPanel (panel, nullptr));
+    view->resize (Width, Height);
+    view->show ();
+    view->SyncPeers ();
+    name->Select (true);
+    view->SyncPeers ();
+    QCoreApplication::processEvents ();
+    QWidget* edit = view->FindPeerWidget (list.GetOnTabItems ().GetTextEdit ());
+    ASSERT_NE (edit, nullptr);
+    auto screen = [&] {
+        QCoreApplication::processEvents ();
+        return view->screen ()->grabWindow (view->winId ()).toImage ();
+    };
+    screen ();
+    for (const char* typed : {"s", " n", "orth"}) {
+        for (const QChar ch : QString::fromLatin1 (typed)) {
+            QKeyEvent press (QEvent::KeyPress, 0, Qt::NoModifier, QString (ch));
+            QApplication::sendEvent (edit, &press);
+        }
+    }
+    const QImage typedScreen = screen ();
+    ASSERT_EQ (name->GetText ().ToUtf8 () + " " + std::to_string (length->GetValue ()), "Walls north 11.000000");
+    // The list as a fresh paint draws it now, against what the window shows; the edit over
+    // the selected row is no part of the list's own paint, so it is blanked in both.
+    QWidget* listWidget = view->FindPeerWidget (list.GetListBox ());
+    ASSERT_NE (listWidget, nullptr);
+    const QRect listRect (listWidget->mapTo (view.get (), QPoint ()), listWidget->size ());
+    const QRect editRect (edit->mapTo (view.get (), QPoint ()) - listRect.topLeft (), edit->size ());
+    auto blanked = [&] (QImage image) {
+        image = image.convertToFormat (QImage::Format_ARGB32);
+        QPainter painter (&image);
+        painter.fillRect (editRect, Qt::black);
+        return image;
+    };
+    const QImage shown = blanked (typedScreen.copy (listRect));
+    const QImage fresh = blanked (listWidget->grab ().toImage ());
+    ASSERT_EQ (shown.size (), fresh.size ());
+    EXPECT_TRUE (shown == fresh);
 }
 
 }   // namespace
