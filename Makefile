@@ -2,9 +2,11 @@
 
 BUILD_PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev nlohmann-json3-dev
 QT_PACKAGES    := qt6-base-dev qt6-svg-dev libgl-dev fonts-dejavu-core xvfb xauth
+# Only for make bench-peers: the other property list measured beside ours.
+PEER_PACKAGES  := libwxgtk3.2-dev xvfb xauth
 JOBS           ?= $(shell nproc)
 
-.PHONY: all deps build test test-sanitize fuzz bench demo docs clean
+.PHONY: all deps build test test-sanitize fuzz bench bench-peers demo docs clean
 
 all: build
 
@@ -37,6 +39,14 @@ fuzz: deps
 
 bench: build
 	build/default/bench/txal_bench
+
+# The same workloads on our list, a QTreeWidget and a wxPropertyGrid, each size in fresh
+# processes; writes build/bench-peers/report.md and report.png.
+bench-peers: deps
+	@tools/ensure-packages.sh $(PEER_PACKAGES)
+	cmake --preset default
+	cmake --build --preset default -j $(JOBS) --target txal-peer-ours txal-peer-qtreewidget txal-peer-wxpropertygrid txal-peer-report
+	bench/peers/run-peers.sh --bin-dir build/default/bench/peers --out-dir build/bench-peers
 
 demo: build
 	@if [ -x build/default/demo/txal-demo ]; then \

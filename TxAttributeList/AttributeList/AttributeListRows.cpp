@@ -305,12 +305,16 @@ short AttributeList::GetFirstListBoxIndex (const AttributeListItem* item) const
         const AttributeListGroupItem* owner = static_cast<const AttributeListSimpleItem*> (item)->GetGroup ();
         if (owner != nullptr && owner->GetMasterItem () == item) group = owner;
     }
-    const short count = listBox->GetItemCount ();
-    for (short row = 1; row > 0 && row <= count; ++row) {
-        const void* value = listBox->GetItemValue (row);
-        if (value == item || (group != nullptr && value == group)) return row;
-    }
-    return -1;
+    const short row = NextRowOf (item, group, Wg::ListBox::NoRow);
+    return row > 0 ? row : -1;
+}
+
+short AttributeList::NextRowOf (const AttributeListItem* item, const AttributeListItem* group, short after) const
+{
+    const short itemRow = listBox->FindNextRowWithValue (item, after);
+    const short groupRow = listBox->FindNextRowWithValue (group, after);
+    if (itemRow == 0) return groupRow;
+    return groupRow == 0 ? itemRow : std::min (itemRow, groupRow);
 }
 
 void AttributeList::RefreshItem (const AttributeListItem& item, bool redraw)
@@ -324,10 +328,12 @@ void AttributeList::RefreshItem (const AttributeListItem& item, bool redraw)
     // Placing the controls again moves the focus, which commits typing elsewhere: observers
     // of that may delete the item or the list.
     Kor::LifeWatch alive {this, &item};
+    // Only the rows that hold the item, or its group's row for a master, are visited: a refresh
+    // costs the same in a list of any length.
     const short count = listBox->GetItemCount ();
-    for (short row = 1; row > 0 && row <= count && row <= listBox->GetItemCount (); ++row) {
+    for (short row = NextRowOf (&item, group, Wg::ListBox::NoRow); row > 0 && row <= count && row <= listBox->GetItemCount ();
+         row = NextRowOf (&item, group, row)) {
         const void* value = listBox->GetItemValue (row);
-        if (value != &item && (group == nullptr || value != group)) continue;
         listBox->SetItemStatus (row, item.GetStatus () ? Wg::ListBox::Normal : Wg::ListBox::Grayed);
         static_cast<const AttributeListItem*> (value)->DrawListItem (row);
         // A refresh of the selected row moves the focus into its edit, but leaves it in the

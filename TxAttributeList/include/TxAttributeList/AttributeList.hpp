@@ -305,6 +305,8 @@ private:
     // DeleteListItem for an item known to be one of the top-level items.
     void RemoveTopLevelItem (AttributeListItem* item, bool deleteIfOwnCreated);
     void AppendRowFor (AttributeListItem* item);
+    // The lowest row above `after` that holds the item or the group (null: none), or 0.
+    short NextRowOf (const AttributeListItem* item, const AttributeListItem* group, short after) const;
     void RemoveOnTabItemsFromAllColumns ();
     AttributeListItem* GetItemOfRow (short row) const;
     AttributeListItem* GetSelectedRowItem () const { return GetItemOfRow (listBox->GetSelectedItem ()); }

@@ -107,9 +107,13 @@ void ListBoxView::Mirror (Wg::Aspect aspect, int detail)
             break;
         }
         case Wg::Aspect::Draw:
-            // While the model suspends drawing, half-built rows stay off the screen.
-            setUpdatesEnabled (listBox->IsDrawEnabled ());
-            if (listBox->IsDrawEnabled ()) update ();
+            // A resume sent what changed meanwhile as Row or Rows already; only a paint that
+            // was skipped while suspended, or a request to redraw everything, is made here.
+            if (!listBox->IsDrawEnabled ()) break;
+            if (detail == Wg::ListBox::RedrawAll || paintSkipped) {
+                paintSkipped = false;
+                update ();
+            }
             break;
         default:
             update ();
@@ -121,7 +125,6 @@ void ListBoxView::MirrorAll ()
 {
     Wg::ListBox* listBox = GetListBox ();
     if (listBox == nullptr) return;
-    setUpdatesEnabled (listBox->IsDrawEnabled ());
     SyncScrollBar ();
     update ();
 }
@@ -180,6 +183,12 @@ void ListBoxView::SyncScrollBar ()
 
 void ListBoxView::paintEvent (QPaintEvent* event)
 {
+    // While the model suspends drawing, half-built rows stay off the screen: the widget paints
+    // opaquely, so the last frame stays until the resume asks for this paint again.
+    if (const Wg::ListBox* listBox = GetListBox (); listBox != nullptr && !listBox->IsDrawEnabled ()) {
+        paintSkipped = true;
+        return;
+    }
     QPainter painter (this);
     PaintInto (painter, event->rect ());
 }

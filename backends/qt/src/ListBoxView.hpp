@@ -61,6 +61,8 @@ private:
     int                 dragStartX = 0;
     int                 dragStartSize = 0;
     int                 wheelRemainder = 0;
+    // A paint came while the model suspended drawing: it is made again on resume.
+    bool                paintSkipped = false;
 };
 
 }   // namespace TxalQt

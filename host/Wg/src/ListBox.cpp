@@ -1,5 +1,6 @@
-// Wg::ListBox: rows, cells, tab fields, selection, scrolling, geometry, header and drawing
-// suspension. User input and on-tab items are in ListBoxInput.cpp, painting in ListBoxPaint.cpp.
+// Wg::ListBox: rows, cells, tab fields, selection, scrolling, geometry and header. Drawing
+// suspension is in ListBoxDrawing.cpp, user input and on-tab items in ListBoxInput.cpp, painting
+// in ListBoxPaint.cpp.
 
 #include "ListBoxImpl.hpp"
 
@@ -138,24 +139,6 @@ void ListBox::Impl::Notify (Aspect aspect, int detail)
     self.NotifyPeer (aspect, detail);
 }
 
-void ListBox::Impl::RowChanged (short row)
-{
-    if (drawSuspension > 0) {
-        rowsPending = true;
-        return;
-    }
-    Notify (Aspect::Row, row);
-}
-
-void ListBox::Impl::RowsChanged ()
-{
-    if (drawSuspension > 0) {
-        rowsPending = true;
-        return;
-    }
-    Notify (Aspect::Rows);
-}
-
 // --- Construction ---
 
 ListBox::ListBox (const Panel& panel, const Rect& rect, short id, ScrollType scrollType, bool hasHeader, short headerHeight)
@@ -182,6 +165,8 @@ short ListBox::InsertItem (short row)
     const short count = impl->GetCount ();
     if (row < 1 || row > count + 1 || count >= MaxRowCount) return NoRow;
     impl->rows.insert (impl->rows.begin () + (row - 1), Impl::Row {});
+    // The new row holds no value; only the rows after it move.
+    if (row <= count) impl->valueIndex.MarkStale ();
     if (impl->scroll == NoRow) {
         impl->scroll = 1;
         impl->Notify (Aspect::Scroll);
@@ -218,6 +203,10 @@ void ListBox::DeleteItem (short row)
         impl->SetSelected (NoRow);
         if (alive.IsGone () || !impl->IsRow (row)) return;
     }
+    if (row == impl->GetCount ())
+        impl->valueIndex.Remove (impl->rows.back ().value, row);
+    else
+        impl->valueIndex.MarkStale ();
     impl->rows.erase (impl->rows.begin () + (row - 1));
     impl->RowsChanged ();
     if (impl->selected > row) {
@@ -236,6 +225,9 @@ void ListBox::DeleteAllItems ()
     if (alive.IsGone ()) return;
     // The row storage keeps its capacity: a rebuild of the same size allocates nothing.
     impl->rows.clear ();
+    // A rebuild appends every row again: the index is made once, at the next lookup, rather
+    // than entry by entry while the rows are filled.
+    impl->valueIndex.MarkStale ();
     impl->RowsChanged ();
     impl->SetScroll (NoRow);
 }
@@ -243,7 +235,27 @@ void ListBox::DeleteAllItems ()
 void ListBox::SetItemValue (short row, void* value)
 {
     // The value is the caller's, never shown: nothing to redraw.
-    if (Impl::Row* r = impl->FindRow (row)) r->value = value;
+    Impl::Row* r = impl->FindRow (row);
+    if (r == nullptr || r->value == value) return;
+    if (!impl->valueIndex.IsStale ()) {
+        impl->valueIndex.Remove (r->value, row);
+        impl->valueIndex.Add (value, row);
+    }
+    r->value = value;
+}
+
+short ListBox::FindNextRowWithValue (const void* value, short after) const
+{
+    return impl->GetValueIndex ().FindNext (value, after, [this] (short row) {
+        const Impl::Row* r = impl->FindRow (row);
+        return r != nullptr ? r->value : nullptr;
+    });
+}
+
+const RowValueIndex& ListBox::Impl::GetValueIndex () const
+{
+    if (valueIndex.IsStale ()) valueIndex.Rebuild (rows.size (), [this] (std::size_t i) { return rows[i].value; });
+    return valueIndex;
 }
 
 void* ListBox::GetItemValue (short row) const
@@ -589,48 +601,6 @@ void ListBox::RectChanged ()
 void ListBox::VisibilityChanged ()
 {
     impl->PlaceOnTabItems ();
-}
-
-// --- Drawing ---
-
-void ListBox::DisableDraw ()
-{
-    if (impl->drawSuspension++ == 0) impl->Notify (Aspect::Draw);
-}
-
-void ListBox::EnableDraw ()
-{
-    if (impl->drawSuspension == 0 || --impl->drawSuspension > 0) return;
-    ++impl->redrawCount;
-    if (impl->rowsPending) {
-        impl->rowsPending = false;
-        impl->Notify (Aspect::Rows);
-    }
-    impl->Notify (Aspect::Draw);
-}
-
-bool ListBox::IsDrawEnabled () const
-{
-    return impl->drawSuspension == 0;
-}
-
-void ListBox::RedrawItem (short row)
-{
-    if (!impl->IsRow (row) || impl->drawSuspension > 0) return;
-    ++impl->redrawCount;
-    impl->Notify (Aspect::Row, row);
-}
-
-void ListBox::Redraw ()
-{
-    if (impl->drawSuspension > 0) return;
-    ++impl->redrawCount;
-    impl->Notify (Aspect::Draw);
-}
-
-std::uint64_t ListBox::GetRedrawCount () const
-{
-    return impl->redrawCount;
 }
 
 // --- Header ---

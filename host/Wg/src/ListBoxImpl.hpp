@@ -11,6 +11,7 @@
 
 #include "Kor/LifeWatch.hpp"
 #include "Wg/ListBox.hpp"
+#include "RowValueIndex.hpp"
 
 namespace Wg {
 
@@ -114,6 +115,14 @@ struct ListBox::Impl {
     void  Notify (Aspect aspect, int detail = 0);
     void  RowChanged (short row);
     void  RowsChanged ();
+    // While drawing is suspended: remembers a changed row (a few of them, then all rows).
+    void  CollectRow (short row);
+    // On resume: Row for each remembered row, or one Rows.
+    void  SendCollectedRows ();
+
+    // --- Rows by value ---
+    // The index, rebuilt first when rows were shifted since it was last read.
+    const RowValueIndex& GetValueIndex () const;
 
     // --- Painting ---
     void  DrawCellContent (const Row& row, short column, const Rect& cell, Gfx::DrawingContext& context) const;
@@ -127,6 +136,8 @@ struct ListBox::Impl {
     std::vector<TabField>    tabFields;
     std::vector<HeaderItem>  headerItems;
     std::vector<OnTabEntry>  onTabItems;
+    // Which rows hold which value; kept in step with every change of rows and values.
+    mutable RowValueIndex    valueIndex;
     OnTabItemWatcher         watcher {*this};
     std::uint64_t            redrawCount = 0;
     // Tells entry points that an observer destroyed the list box during a notification.
@@ -141,6 +152,8 @@ struct ListBox::Impl {
     bool                     headerSynchronized = true;
     bool                     separatorLines = false;
     bool                     rowsPending = false;
+    std::vector<short>       pendingRows;
+    static constexpr std::size_t MaxPendingRows = 16;
 };
 
 template <typename Fn>

@@ -458,6 +458,43 @@ TEST_F (ListBoxTest, DrawSuspensionCollectsRowsIntoOneRedraw)
     EXPECT_EQ (Rows (listBox), "1~:a|");
 }
 
+TEST_F (ListBoxTest, ASuspensionThatChangedAFewRowsRedrawsOnlyThose)
+{
+    // A keystroke handled under suspended drawing changes one row: the resume must not ask the
+    // backend to paint the whole list.
+    ListBox listBox (panel, Rect (0, 0, 200, 100));
+    listBox.SetTabFieldCount (2);
+    Fill (listBox, 40);
+    TestSupport::RecordingPeer peer;
+    peer.AttachTo (listBox);
+
+    listBox.DisableDraw ();
+    listBox.SetTabItemText (7, 2, "x");
+    listBox.SetItemStatus (7, ListBox::Grayed);
+    listBox.RedrawItem (3);
+    listBox.EnableDraw ();
+    EXPECT_EQ (peer.TakeLog (), "Draw Row:7 Row:3 Draw");
+
+    // More rows than are worth one by one, a change of rows or a redraw of all: one Rows.
+    listBox.DisableDraw ();
+    for (short row = 1; row <= 30; ++row) listBox.SetTabItemText (row, 2, "y");
+    listBox.EnableDraw ();
+    EXPECT_EQ (peer.TakeLog (), "Draw Rows Draw");
+    listBox.DisableDraw ();
+    listBox.SetTabItemText (5, 2, "z");
+    listBox.DeleteItem (40);
+    listBox.EnableDraw ();
+    EXPECT_EQ (peer.TakeLog (), "Draw Rows Draw");
+    listBox.DisableDraw ();
+    listBox.SetTabItemText (5, 2, "w");
+    listBox.Redraw ();
+    listBox.EnableDraw ();
+    EXPECT_EQ (peer.TakeLog (), "Draw Rows Draw");
+    // Outside a suspension a redraw asks for everything at once.
+    listBox.Redraw ();
+    EXPECT_EQ (peer.TakeLog (), "Draw:" + std::to_string (ListBox::RedrawAll));
+}
+
 TEST_F (ListBoxTest, PaintsCellsAndAsksOwnersForTheirs)
 {
     // Rows area (1,1)-(199,99): rows 198 wide.

@@ -11,8 +11,10 @@
 //
 // Peer aspects: Rows (rows added, removed or changed wholesale), Row (detail = the row), Scroll,
 // Selection (the selected row changed; detail = the new row), Layout (tab fields, header, item
-// height, separator lines), Content (help style), Draw (drawing suspended, resumed or a redraw
-// requested). While drawing is suspended, Row and Rows are collected into one Rows sent on resume.
+// height, separator lines), Content (help style), Draw (drawing suspended or resumed, detail 0;
+// or a redraw of everything requested, detail RedrawAll). While drawing is suspended, Row and
+// Rows are collected: on resume a few changed rows are sent as one Row each, more of them, any
+// Rows or a Redraw as one Rows, then Draw.
 
 #include <cstdint>
 #include <memory>
@@ -133,6 +135,8 @@ public:
     enum HelpStyle : short { NoHelp = 0, ToolTipHelp = 1 };
 
     static constexpr short NoRow = 0;
+    // The detail of a Draw notification that asks for everything to be drawn again.
+    static constexpr int   RedrawAll = 1;
     static constexpr int   FrameWidth = 1;
     static constexpr int   ScrollBarWidth = 16;
     static constexpr int   DefaultItemHeight = 20;
@@ -163,6 +167,9 @@ public:
 
     void  SetItemValue (short row, void* value);
     void* GetItemValue (short row) const;
+    // The lowest row above `after` whose value is `value`, or 0 (always 0 for null). Answered
+    // from an index kept in step with the rows, in about the same time for any row count.
+    short FindNextRowWithValue (const void* value, short after = NoRow) const;
     void  SetItemStatus (short row, short status);
     short GetItemStatus (short row) const;
     void  EnableItem (short row) { SetItemStatus (row, Normal); }
@@ -258,7 +265,7 @@ public:
     void DisableDraw ();
     void EnableDraw ();
     bool IsDrawEnabled () const;
-    // Redraw requests while drawing is suspended are absorbed by the redraw on resume.
+    // Redraw requests while drawing is suspended are collected and sent on resume.
     void RedrawItem (short row);
     void Redraw ();
     // How often redraws were made (for tests of refresh behaviour).
