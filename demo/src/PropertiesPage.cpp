@@ -152,10 +152,9 @@ std::optional<PropertiesPage::InfoStrip> PropertiesPage::GetInfoStrip () const
         if (const Element* element = model.Find (id); element != nullptr && kinds.insert (element->GetKind ()).second)
             kindList += (kindList.empty () ? "" : ", ") + element->GetKind ();
     if (kinds.size () > 1)
-        return InfoStrip::CreateWarning (Kor::UniString ("Elements of different types (" + kindList + ") are selected: the values shown are those of " +
-                                                         first->GetId () + "."));
-    return InfoStrip::CreateInfo (Kor::UniString (std::to_string (selection.size ()) + " elements of type " + first->GetKind () +
-                                                  " are selected: a change applies to all of them."));
+        return InfoStrip::CreateWarning (Kor::UniString ("Different types selected (" + kindList + "): values of " + first->GetId () + " shown."));
+    return InfoStrip::CreateInfo (Kor::UniString (std::to_string (selection.size ()) + " " + first->GetKind () +
+                                                  " elements selected: a change applies to all."));
 }
 
 void PropertiesPage::BeforePropertyListFilled (TxAL::AttributeList& list)
