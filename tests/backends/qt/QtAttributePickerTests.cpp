@@ -13,6 +13,7 @@
 
 #include "AttributePickerPopupView.hpp"
 #include "PickerPopup.hpp"
+#include "PickerPopUpLog.hpp"
 #include "TxAC/AttributePickerPopUp.hpp"
 #include "TxAttr/Attributes.hpp"
 #include "TxAttr/SampleAttributeSet.hpp"
@@ -20,23 +21,7 @@
 
 namespace {
 
-// "track(4) track(-) chose(4)": what the popup told its observer.
-class PopUpLog : public TxAC::AttributePickerPopUpObserver {
-public:
-    void TrackedAttributeChanged (const TxAC::AttributePickerTrackEvent& event) override
-    {
-        const auto tracked = event.GetTrackedAttributeIndex ();
-        Add ("track(" + (tracked ? std::to_string (tracked->GetValue ()) : std::string ("-")) + ")");
-    }
-    void SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp&, const ADB::AttributeIndex& index) override
-    {
-        Add ("chose(" + std::to_string (index.GetValue ()) + ")");
-    }
-    std::string log;
-
-private:
-    void Add (const std::string& entry) { log += (log.empty () ? "" : " ") + entry; }
-};
+using PopUpLog = TestSupport::PickerPopUpLog;
 
 void Send (QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButton button)
 {
