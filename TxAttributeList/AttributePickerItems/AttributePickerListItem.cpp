@@ -7,6 +7,7 @@
 #include "TxAttributeList/AttributePickerItems.hpp"
 
 #include "AttributePickerItems/PickerAsserts.hpp"
+#include "TxAC/PreviewDrawUtility.hpp"
 #include "TxAC/SetupData.hpp"
 #include "TxAttr/Attributes.hpp"
 #include "TxAttributeList/AttributeList.hpp"
@@ -26,6 +27,8 @@ constexpr int AttributeTypeNamesResId = 2000;
 constexpr int ItemTextsResId = 2001;
 constexpr int MissingAttributeTextIndex = 1;
 constexpr int PreviewInset = 2;
+// What a preview shows for an attribute that the set does not hold.
+constexpr const char* MissingAttributeMark = "?";
 
 }   // namespace
 
@@ -85,6 +88,20 @@ Gfx::Rect AttributePickerListItem::GetRightHalfPreviewRect (const Gfx::Rect& cel
     const int height = cell.GetHeight ();
     return Gfx::Rect (cell.left + width / 2 + PreviewInset, cell.top + PreviewInset, cell.left + width - PreviewInset,
                       cell.top + height - PreviewInset);
+}
+
+std::optional<AttributePickerListItem::PreviewCell> AttributePickerListItem::GetPreviewCell (const Wg::ListBoxTabItemUpdateEvent& event) const
+{
+    Gfx::DrawingContext* context = event.GetDrawContext ();
+    if (context == nullptr || event.GetTabFieldIndex () != GetPreviewColumnIndex ()) return std::nullopt;
+    ODB::ConstRef<ADB::AttributeSet> set = GetAttributeSet ();
+    if (set.IsNull () || displayedIndex == ADB::InvalidAttributeIndex) return std::nullopt;
+    return PreviewCell {*context, std::move (set), displayedIndex, GetRightHalfPreviewRect (event.GetRect ()), !GetStatus ()};
+}
+
+void AttributePickerListItem::DrawMissingAttribute (const PreviewCell& cell)
+{
+    TxAC::PreviewDrawUtility::DrawInvalidAttr (cell.context, cell.rect, cell.greyed, MissingAttributeMark);
 }
 
 void AttributePickerListItem::SetSelectedAttributeIndex (const ADB::AttributeIndex& index)

@@ -114,19 +114,15 @@ short AttributeListFillItem::GetFilterMode (SubType subType)
 
 Kor::Owner<TxAC::AttributePickerPopUp> AttributeListFillItem::CreatePickerPopUp ()
 {
-    const TxAC::PopUpAnchor anchor = GetPopUpAnchor ();
     auto data = Kor::NewOwner<TxAC::FillPickerData> (GetAttributeSet ());
     if (subType == CustomFills) {
-        if (GetCustomFilter () == nullptr)
-            PickerAsserts::Report (PickerAsserts::FillWithoutCustomFilterLine, "customFilter != nullptr",
-                                   "TxAL::AttributeListFillItem::CreatePickerPopUp");
-        return Kor::NewOwner<TxAC::FillPickerPopUp> (anchor, std::move (data), GetCustomFilter (), GetSelectedAttributeIndex (),
-                                                     TxAC::AttributePickerPopUp::DropBelowAnchor);
+        PickerAsserts::CheckCustomFilter (GetCustomFilter (), PickerAsserts::FillWithoutCustomFilterLine,
+                                          "TxAL::AttributeListFillItem::CreatePickerPopUp");
+        return MakePickerPopUp<TxAC::FillPickerPopUp> (std::move (data), GetCustomFilter ());
     }
     auto filter = Kor::NewOwner<TxAC::FillPickerFilter> (GetFilterMode (GetSubType ()), GetSelectedAttributeIndex (),
                                                          TxAC::FillPickerFilter::HatchOrigin {0.0f, 0.0f});
-    return Kor::NewOwner<TxAC::FillPickerPopUp> (anchor, std::move (data), std::move (filter), GetSelectedAttributeIndex (),
-                                                 TxAC::AttributePickerPopUp::DropBelowAnchor);
+    return MakePickerPopUp<TxAC::FillPickerPopUp> (std::move (data), std::move (filter));
 }
 
 void AttributeListFillItem::SetCustomFilter (Kor::Owner<TxAC::AttributeListAndFolderFilter> filter)
@@ -137,30 +133,19 @@ void AttributeListFillItem::SetCustomFilter (Kor::Owner<TxAC::AttributeListAndFo
 
 void AttributeListFillItem::UpdatePreviewTab (const Wg::ListBoxTabItemUpdateEvent& event)
 {
-    Gfx::DrawingContext* context = event.GetDrawContext ();
-    if (context == nullptr || event.GetTabFieldIndex () != GetPreviewColumnIndex ()) return;
-    const ODB::ConstRef<ADB::AttributeSet> set = GetAttributeSet ();
-    const ADB::AttributeIndex& index = GetDisplayedAttributeIndex ();
-    if (set.IsNull () || index == ADB::InvalidAttributeIndex) return;
-    const Gfx::Rect rect = GetRightHalfPreviewRect (event.GetRect ());
-    const bool greyed = !GetStatus ();
-    if (set->FindAttribute (TxAttr::idFill, index) == nullptr) {
-        TxAC::PreviewDrawUtility::DrawInvalidAttr (*context, rect, greyed, "?");
-        return;
-    }
+    const std::optional<PreviewCell> cell = GetPreviewCell (event);
+    if (!cell.has_value ()) return;
+    if (cell->set->FindAttribute (TxAttr::idFill, cell->index) == nullptr) return DrawMissingAttribute (*cell);
     // The fill preview imposes black on white with a black frame where no pen is set.
     const Colors colors = GetColors ();
-    TxAC::PreviewDrawUtility::DrawFillPattern (*context, rect, *set, index, ColorOr (colors.foreground, Gfx::Color::Black),
-                                               ColorOr (colors.background, Gfx::Color::White), ColorOr (colors.contour, Gfx::Color::Black),
-                                               greyed);
+    TxAC::PreviewDrawUtility::DrawFillPattern (cell->context, cell->rect, *cell->set, cell->index,
+                                               ColorOr (colors.foreground, Gfx::Color::Black), ColorOr (colors.background, Gfx::Color::White),
+                                               ColorOr (colors.contour, Gfx::Color::Black), cell->greyed);
 }
 
 void AttributeListFillItem::SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp& source, const ADB::AttributeIndex& index)
 {
-    Kor::LifeWatch alive (*this);
-    AttributePickerListItem::SelectedAttributeIndexChanged (source, index);
-    if (alive.IsGone ()) return;
-    NotifyObservers<AttributeListFillItemObserver> ([this] (AttributeListFillItemObserver& o) { o.FillChanged (*this); });
+    KeepChoiceAndNotify (source, index, &AttributeListFillItemObserver::FillChanged);
 }
 
 // --- AttributeListCompositeItem ---
@@ -190,18 +175,14 @@ int AttributeListCompositeItem::GetFilterOption (SubType subType)
 
 Kor::Owner<TxAC::AttributePickerPopUp> AttributeListCompositeItem::CreatePickerPopUp ()
 {
-    const TxAC::PopUpAnchor anchor = GetPopUpAnchor ();
     auto data = Kor::NewOwner<TxAC::CompositePickerData> (GetAttributeSet ());
     if (subType == CustomComposites) {
-        if (GetCustomFilter () == nullptr)
-            PickerAsserts::Report (PickerAsserts::CompositeWithoutCustomFilterLine, "customFilter != nullptr",
-                                   "TxAL::AttributeListCompositeItem::CreatePickerPopUp");
-        return Kor::NewOwner<TxAC::CompositePickerPopUp> (anchor, std::move (data), GetCustomFilter (), GetSelectedAttributeIndex (),
-                                                          TxAC::AttributePickerPopUp::DropBelowAnchor);
+        PickerAsserts::CheckCustomFilter (GetCustomFilter (), PickerAsserts::CompositeWithoutCustomFilterLine,
+                                          "TxAL::AttributeListCompositeItem::CreatePickerPopUp");
+        return MakePickerPopUp<TxAC::CompositePickerPopUp> (std::move (data), GetCustomFilter ());
     }
     auto filter = Kor::NewOwner<TxAC::CompositePickerFilter> (GetFilterOption (GetSubType ()), GetSelectedAttributeIndex ());
-    return Kor::NewOwner<TxAC::CompositePickerPopUp> (anchor, std::move (data), std::move (filter), GetSelectedAttributeIndex (),
-                                                      TxAC::AttributePickerPopUp::DropBelowAnchor);
+    return MakePickerPopUp<TxAC::CompositePickerPopUp> (std::move (data), std::move (filter));
 }
 
 void AttributeListCompositeItem::SetCustomFilter (Kor::Owner<TxAC::AttributeListAndFolderFilter> filter)
@@ -212,32 +193,21 @@ void AttributeListCompositeItem::SetCustomFilter (Kor::Owner<TxAC::AttributeList
 
 void AttributeListCompositeItem::UpdatePreviewTab (const Wg::ListBoxTabItemUpdateEvent& event)
 {
-    Gfx::DrawingContext* context = event.GetDrawContext ();
-    if (context == nullptr || event.GetTabFieldIndex () != GetPreviewColumnIndex ()) return;
-    const ODB::ConstRef<ADB::AttributeSet> set = GetAttributeSet ();
-    const ADB::AttributeIndex& index = GetDisplayedAttributeIndex ();
-    if (set.IsNull () || index == ADB::InvalidAttributeIndex) return;
-    const Gfx::Rect rect = GetRightHalfPreviewRect (event.GetRect ());
-    const bool greyed = !GetStatus ();
-    if (set->FindAttribute (TxAttr::idCompWall, index) == nullptr) {
-        TxAC::PreviewDrawUtility::DrawInvalidAttr (*context, rect, greyed, "?");
-        return;
-    }
+    const std::optional<PreviewCell> cell = GetPreviewCell (event);
+    if (!cell.has_value ()) return;
+    if (cell->set->FindAttribute (TxAttr::idCompWall, cell->index) == nullptr) return DrawMissingAttribute (*cell);
     // Where a pen is not set the drawing utility picks the composite's own colours.
     const Colors colors = GetColors ();
     const Gfx::Color placeholder;
-    TxAC::PreviewDrawUtility::DrawCompWall (*context, rect, *set, index, ColorOr (colors.foreground, placeholder),
+    TxAC::PreviewDrawUtility::DrawCompWall (cell->context, cell->rect, *cell->set, cell->index, ColorOr (colors.foreground, placeholder),
                                             ColorOr (colors.background, placeholder), ColorOr (colors.contour, placeholder),
                                             ColorOr (colors.separator, placeholder), !colors.foreground.present, !colors.background.present,
-                                            !colors.contour.present, !colors.separator.present, greyed);
+                                            !colors.contour.present, !colors.separator.present, cell->greyed);
 }
 
 void AttributeListCompositeItem::SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp& source, const ADB::AttributeIndex& index)
 {
-    Kor::LifeWatch alive (*this);
-    AttributePickerListItem::SelectedAttributeIndexChanged (source, index);
-    if (alive.IsGone ()) return;
-    NotifyObservers<AttributeListCompositeItemObserver> ([this] (AttributeListCompositeItemObserver& o) { o.CompositeChanged (*this); });
+    KeepChoiceAndNotify (source, index, &AttributeListCompositeItemObserver::CompositeChanged);
 }
 
 }   // namespace TxAL

@@ -45,21 +45,16 @@ void AttributeListLineTypeItem::SetCustomFilter (Kor::Owner<TxAC::AttributeListA
 Kor::Owner<TxAC::AttributePickerPopUp> AttributeListLineTypeItem::CreatePickerPopUp ()
 {
     constexpr const char* Function = "TxAL::AttributeListLineTypeItem::CreatePickerPopUp";
-    const TxAC::PopUpAnchor anchor = GetPopUpAnchor ();
-    const ADB::AttributeIndex selected = GetSelectedAttributeIndex ();
     switch (subType) {
         case AllLineTypes:
         case DashedLineTypes: {
             const short mode = subType == AllLineTypes ? AllLineTypesMode : DashedLineTypesMode;
-            return Kor::NewOwner<TxAC::LineTypePickerPopUp> (anchor, Kor::NewOwner<TxAC::LineTypePickerData> (GetAttributeSet ()),
-                                                             Kor::NewOwner<TxAC::LineTypePickerFilter> (mode, selected), selected,
-                                                             TxAC::AttributePickerPopUp::DropBelowAnchor);
+            return MakePickerPopUp<TxAC::LineTypePickerPopUp> (Kor::NewOwner<TxAC::LineTypePickerData> (GetAttributeSet ()),
+                                                               Kor::NewOwner<TxAC::LineTypePickerFilter> (mode, GetSelectedAttributeIndex ()));
         }
         case CustomLineTypes:
-            if (GetCustomFilter () == nullptr)
-                PickerAsserts::Report (PickerAsserts::LineTypeWithoutCustomFilterLine, "customFilter != nullptr", Function);
-            return Kor::NewOwner<TxAC::LineTypePickerPopUp> (anchor, Kor::NewOwner<TxAC::LineTypePickerData> (GetAttributeSet ()),
-                                                             GetCustomFilter (), selected, TxAC::AttributePickerPopUp::DropBelowAnchor);
+            PickerAsserts::CheckCustomFilter (GetCustomFilter (), PickerAsserts::LineTypeWithoutCustomFilterLine, Function);
+            return MakePickerPopUp<TxAC::LineTypePickerPopUp> (Kor::NewOwner<TxAC::LineTypePickerData> (GetAttributeSet ()), GetCustomFilter ());
         default:
             PickerAsserts::Report (PickerAsserts::UnknownLineTypeSubTypeLine, "known line type sub type", Function);
             return {};
@@ -68,22 +63,17 @@ Kor::Owner<TxAC::AttributePickerPopUp> AttributeListLineTypeItem::CreatePickerPo
 
 void AttributeListLineTypeItem::UpdatePreviewTab (const Wg::ListBoxTabItemUpdateEvent& event)
 {
-    Gfx::DrawingContext* context = event.GetDrawContext ();
-    if (context == nullptr || event.GetTabFieldIndex () != GetPreviewColumnIndex ()) return;
-    const ODB::ConstRef<ADB::AttributeSet> set = GetAttributeSet ();
-    const ADB::AttributeIndex& index = GetDisplayedAttributeIndex ();
-    if (set.IsNull () || index == ADB::InvalidAttributeIndex) return;
+    const std::optional<PreviewCell> cell = GetPreviewCell (event);
+    if (!cell.has_value ()) return;
     // The whole cell, unlike the right-half previews of the other rows.
     const Gfx::Rect rect = event.GetRect ().Inset (LinePreviewInset, LinePreviewInset);
-    TxAC::PreviewDrawUtility::DrawLineIntoRect (*context, rect, *set, index, Gfx::Color::Black, Gfx::Color::White, !GetStatus ());
+    TxAC::PreviewDrawUtility::DrawLineIntoRect (cell->context, rect, *cell->set, cell->index, Gfx::Color::Black, Gfx::Color::White,
+                                                cell->greyed);
 }
 
 void AttributeListLineTypeItem::SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp& source, const ADB::AttributeIndex& index)
 {
-    Kor::LifeWatch alive (*this);
-    AttributePickerListItem::SelectedAttributeIndexChanged (source, index);
-    if (alive.IsGone ()) return;
-    NotifyObservers<AttributeListLineTypeItemObserver> ([this] (AttributeListLineTypeItemObserver& o) { o.LineTypeChanged (*this); });
+    KeepChoiceAndNotify (source, index, &AttributeListLineTypeItemObserver::LineTypeChanged);
 }
 
 // --- AttributeListProfileItem ---
@@ -146,17 +136,12 @@ Kor::Owner<TxAC::AttributePickerPopUp> AttributeListProfileItem::CreatePickerPop
     auto filter = Kor::NewOwner<TxAC::ProfilePickerFilter> (controlData->GetProfileTypeMask (), controlData->GetShowCustomMode (),
                                                             controlData->GetCustomProfile (), controlData->GetCoreModeFiltering (),
                                                             controlData->GetExcludedIndices ());
-    return Kor::NewOwner<TxAC::ProfilePickerPopUp> (GetPopUpAnchor (), Kor::NewOwner<TxAC::ProfilePickerData> (GetAttributeSet ()),
-                                                    std::move (filter), GetSelectedAttributeIndex (),
-                                                    TxAC::AttributePickerPopUp::DropBelowAnchor);
+    return MakePickerPopUp<TxAC::ProfilePickerPopUp> (Kor::NewOwner<TxAC::ProfilePickerData> (GetAttributeSet ()), std::move (filter));
 }
 
 void AttributeListProfileItem::SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp& source, const ADB::AttributeIndex& index)
 {
-    Kor::LifeWatch alive (*this);
-    AttributePickerListItem::SelectedAttributeIndexChanged (source, index);
-    if (alive.IsGone ()) return;
-    NotifyObservers<AttributeListProfileItemObserver> ([this] (AttributeListProfileItemObserver& o) { o.ProfileChanged (*this); });
+    KeepChoiceAndNotify (source, index, &AttributeListProfileItemObserver::ProfileChanged);
 }
 
 }   // namespace TxAL

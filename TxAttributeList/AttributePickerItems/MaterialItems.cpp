@@ -37,45 +37,37 @@ AttributeListMaterialItem::AttributeListMaterialItem (const Kor::UniString& name
 
 Kor::Owner<TxAC::AttributePickerPopUp> AttributeListMaterialItem::CreatePickerPopUp ()
 {
-    return Kor::NewOwner<TxAC::MaterialPickerPopUp> (GetPopUpAnchor (), Kor::NewOwner<TxAC::MaterialPickerData> (GetAttributeSet ()),
-                                                     GetSelectedAttributeIndex (), TxAC::AttributePickerPopUp::DropBelowAnchor);
+    return MakePickerPopUp<TxAC::MaterialPickerPopUp> (Kor::NewOwner<TxAC::MaterialPickerData> (GetAttributeSet ()));
 }
 
 void AttributeListMaterialItem::UpdatePreviewTab (const Wg::ListBoxTabItemUpdateEvent& event)
 {
-    Gfx::DrawingContext* context = event.GetDrawContext ();
-    if (context == nullptr || event.GetTabFieldIndex () != GetPreviewColumnIndex ()) return;
-    const ODB::ConstRef<ADB::AttributeSet> set = GetAttributeSet ();
-    const ADB::AttributeIndex& index = GetDisplayedAttributeIndex ();
-    if (set.IsNull () || index == ADB::InvalidAttributeIndex) return;
-    const Gfx::Rect rect = GetRightHalfPreviewRect (event.GetRect ());
-    const bool greyed = !GetStatus ();
-    const auto* material = TxAttr::FindAttribute<TxAttr::Material> (*set, TxAttr::idMaterial, index);
-    if (material == nullptr) {
-        TxAC::PreviewDrawUtility::DrawInvalidAttr (*context, rect, greyed, "?");
-        return;
-    }
+    const std::optional<PreviewCell> cell = GetPreviewCell (event);
+    if (!cell.has_value ()) return;
+    const auto* material = TxAttr::FindAttribute<TxAttr::Material> (*cell->set, TxAttr::idMaterial, cell->index);
+    if (material == nullptr) return DrawMissingAttribute (*cell);
+    Gfx::DrawingContext& context = cell->context;
+    const ODB::ConstRef<ADB::AttributeSet>& set = cell->set;
+    const Gfx::Rect& rect = cell->rect;
+    const bool greyed = cell->greyed;
     const auto shade = [greyed] (const Gfx::Color& color) { return greyed ? TxAC::PreviewDrawUtility::Grey (color) : color; };
     const Gfx::Color black = PenColor (0, false, set, Gfx::Color::Black);
     const Gfx::Color white = PenColor (0, true, set, Gfx::Color::White);
     const Gfx::Color frame = PenColor (FramePen, false, set, black);
     const Gfx::Color surface = TxAC::RGBColorToGfxColor (material->GetSurfaceColor ());
 
-    context->FrameRect (rect.Inset (OuterFrameInset - 1, OuterFrameInset - 1), shade (frame));
-    context->FrameRect (rect.Inset (GapFrameInset - 1, GapFrameInset - 1), shade (white));
+    context.FrameRect (rect.Inset (OuterFrameInset - 1, OuterFrameInset - 1), shade (frame));
+    context.FrameRect (rect.Inset (GapFrameInset - 1, GapFrameInset - 1), shade (white));
     const Gfx::Rect inner = rect.Inset (SurfaceInset - 1, SurfaceInset - 1);
     if (set->FindAttribute (TxAttr::idFill, material->GetTextureFill ()) != nullptr)
-        TxAC::PreviewDrawUtility::DrawFillPattern (*context, inner, *set, material->GetTextureFill (), black, surface, surface, greyed);
+        TxAC::PreviewDrawUtility::DrawFillPattern (context, inner, *set, material->GetTextureFill (), black, surface, surface, greyed);
     else
-        context->FillRect (inner, shade (surface));
+        context.FillRect (inner, shade (surface));
 }
 
 void AttributeListMaterialItem::SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp& source, const ADB::AttributeIndex& index)
 {
-    Kor::LifeWatch alive (*this);
-    AttributePickerListItem::SelectedAttributeIndexChanged (source, index);
-    if (alive.IsGone ()) return;
-    NotifyObservers<AttributeListMaterialItemObserver> ([this] (AttributeListMaterialItemObserver& o) { o.MaterialChanged (*this); });
+    KeepChoiceAndNotify (source, index, &AttributeListMaterialItemObserver::MaterialChanged);
 }
 
 // --- AttributeListBuildingMaterialItem ---
@@ -89,34 +81,23 @@ AttributeListBuildingMaterialItem::AttributeListBuildingMaterialItem (const Kor:
 
 Kor::Owner<TxAC::AttributePickerPopUp> AttributeListBuildingMaterialItem::CreatePickerPopUp ()
 {
-    return Kor::NewOwner<TxAC::BuildingMaterialPickerPopUp> (GetPopUpAnchor (),
-                                                             Kor::NewOwner<TxAC::BuildingMaterialPickerData> (GetAttributeSet ()),
-                                                             GetSelectedAttributeIndex (), TxAC::AttributePickerPopUp::DropBelowAnchor);
+    return MakePickerPopUp<TxAC::BuildingMaterialPickerPopUp> (Kor::NewOwner<TxAC::BuildingMaterialPickerData> (GetAttributeSet ()));
 }
 
 void AttributeListBuildingMaterialItem::UpdatePreviewTab (const Wg::ListBoxTabItemUpdateEvent& event)
 {
-    Gfx::DrawingContext* context = event.GetDrawContext ();
-    if (context == nullptr || event.GetTabFieldIndex () != GetPreviewColumnIndex ()) return;
-    const ODB::ConstRef<ADB::AttributeSet> set = GetAttributeSet ();
-    const ADB::AttributeIndex& index = GetDisplayedAttributeIndex ();
-    if (set.IsNull () || index == ADB::InvalidAttributeIndex) return;
-    const Gfx::Rect rect = GetRightHalfPreviewRect (event.GetRect ());
-    const bool greyed = !GetStatus ();
-    if (IsValidAttr (index, TxAC::BuildingMaterialTypeCode, set, &TxAC::BuildingMaterialControlCallBack, nullptr))
-        TxAC::PreviewDrawUtility::DrawBuildingMaterial (*context, rect, *set, index, greyed);
+    const std::optional<PreviewCell> cell = GetPreviewCell (event);
+    if (!cell.has_value ()) return;
+    if (IsValidAttr (cell->index, TxAC::BuildingMaterialTypeCode, cell->set, &TxAC::BuildingMaterialControlCallBack, nullptr))
+        TxAC::PreviewDrawUtility::DrawBuildingMaterial (cell->context, cell->rect, *cell->set, cell->index, cell->greyed);
     else
-        TxAC::PreviewDrawUtility::DrawInvalidAttr (*context, rect, greyed, "?");
+        DrawMissingAttribute (*cell);
 }
 
 void AttributeListBuildingMaterialItem::SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp& source,
                                                                        const ADB::AttributeIndex& index)
 {
-    Kor::LifeWatch alive (*this);
-    AttributePickerListItem::SelectedAttributeIndexChanged (source, index);
-    if (alive.IsGone ()) return;
-    NotifyObservers<AttributeListBuildingMaterialItemObserver> (
-        [this] (AttributeListBuildingMaterialItemObserver& o) { o.BuildingMaterialChanged (*this); });
+    KeepChoiceAndNotify (source, index, &AttributeListBuildingMaterialItemObserver::BuildingMaterialChanged);
 }
 
 }   // namespace TxAL

@@ -22,4 +22,11 @@ inline void Report (int line, const char* condition, const char* function)
     Kor::ReportAssertFailure (Prefix, SourceFile, line, condition, function);
 }
 
+// A row whose sub type asks for the custom filter reports a missing one (and opens its popup
+// without a filter all the same).
+inline void CheckCustomFilter (const void* customFilter, int line, const char* function)
+{
+    if (customFilter == nullptr) Report (line, "customFilter != nullptr", function);
+}
+
 }   // namespace TxAL::PickerAsserts

@@ -9,8 +9,10 @@
 // The provider is not owned; the row asks it for the current attribute set each time.
 
 #include <optional>
+#include <utility>
 
 #include "ADB/AttributeSet.hpp"
+#include "Kor/LifeWatch.hpp"
 #include "Kor/Owner.hpp"
 #include "TxAC/AttributePickerPopUp.hpp"
 #include "TxAC/PickerFilters.hpp"
@@ -114,6 +116,42 @@ protected:
     TxAC::PopUpAnchor                GetPopUpAnchor () const;
     // The preview rectangle of the right-half previews: right half of the cell, inset by 2.
     static Gfx::Rect                 GetRightHalfPreviewRect (const Gfx::Rect& cell);
+
+    // What a preview draws: into the event's context, the displayed attribute of the set, in the
+    // right-half preview rectangle of the cell, greyed when the row is disabled.
+    struct PreviewCell {
+        Gfx::DrawingContext&             context;
+        ODB::ConstRef<ADB::AttributeSet> set;
+        ADB::AttributeIndex              index;
+        Gfx::Rect                        rect;
+        bool                             greyed;
+    };
+    // The preview cell when the event is for the preview column and there is a set and an index
+    // to draw; nothing otherwise.
+    std::optional<PreviewCell> GetPreviewCell (const Wg::ListBoxTabItemUpdateEvent& event) const;
+    // The mark of a displayed attribute that the set does not hold.
+    static void                DrawMissingAttribute (const PreviewCell& cell);
+
+    // A new popup of type PopUp anchored at the row's button, preselecting the row's index;
+    // args are what the popup type takes between the anchor and the index.
+    template <typename PopUp, typename... Args>
+    Kor::Owner<TxAC::AttributePickerPopUp> MakePickerPopUp (Args&&... args) const
+    {
+        return Kor::NewOwner<PopUp> (GetPopUpAnchor (), std::forward<Args> (args)..., GetSelectedAttributeIndex (),
+                                     TxAC::AttributePickerPopUp::DropBelowAnchor);
+    }
+
+    // Keeps the user's choice as the base does, then tells the row's own observers through
+    // changed, unless an observer of the redraw destroyed the row meanwhile.
+    template <typename Observer, typename Item>
+    void KeepChoiceAndNotify (const TxAC::AttributePickerPopUp& source, const ADB::AttributeIndex& index,
+                              void (Observer::*changed) (const Item&))
+    {
+        Kor::LifeWatch alive (*this);
+        AttributePickerListItem::SelectedAttributeIndexChanged (source, index);
+        if (alive.IsGone ()) return;
+        NotifyObservers<Observer> ([this, changed] (Observer& observer) { (observer.*changed) (static_cast<const Item&> (*this)); });
+    }
 
 private:
     int  GetAttributeTypeNameResId () const;

@@ -25,11 +25,8 @@ constexpr int ColumnWidth = PreviewWidth + TextGap + TextWidth;
 }   // namespace
 
 AttributePickerPopupView::AttributePickerPopupView (const TxAC::AttributePickerSession& session, std::function<void (int)> onTrack)
-    : QWidget (nullptr, Qt::Popup), session (session), track (std::move (onTrack)), initial (session.GetInitialEntry ())
+    : TrackingPopup (session.GetInitialEntry (), std::move (onTrack)), session (session)
 {
-    setAttribute (Qt::WA_DeleteOnClose, false);
-    setMouseTracking (true);
-    setFont (Theme::GetFont (Gfx::PlainFont));
     const int count = std::max (GetCount (), 1);
     const int columns = (count + LinesPerColumn - 1) / LinesPerColumn;
     const int lines = std::min (count, LinesPerColumn);
@@ -58,53 +55,20 @@ int AttributePickerPopupView::GetEntryAt (const QPoint& position) const
     return entry <= GetCount () ? entry : 0;
 }
 
-int AttributePickerPopupView::Exec (const QPoint& position)
+bool AttributePickerPopupView::IsSelectable (int entry) const
 {
-    move (position);
-    show ();
-    setFocus (Qt::PopupFocusReason);
-    if (isVisible ()) loop.exec ();
-    return chosen;
-}
-
-void AttributePickerPopupView::Dismiss ()
-{
-    chosen = 0;
-    hide ();
-}
-
-void AttributePickerPopupView::ShowHovered (int entry)
-{
-    hovered = entry >= 1 && entry <= GetCount () ? entry : 0;
-    update ();
-}
-
-void AttributePickerPopupView::SetHovered (int entry)
-{
-    if (entry < 0 || entry > GetCount ()) entry = 0;
-    if (entry == hovered) return;
-    hovered = entry;
-    update ();
-    if (track) track (entry);
+    return entry >= 1 && entry <= GetCount ();
 }
 
 void AttributePickerPopupView::paintEvent (QPaintEvent*)
 {
     QPainter painter (this);
-    painter.fillRect (rect (), Theme::BaseColor);
-    painter.setPen (Theme::FrameColor);
-    painter.drawRect (rect ().adjusted (0, 0, -1, -1));
+    PaintBackground (painter);
     const std::vector<Wg::ModalEntry> entries = session.GetEntries ();
     const std::vector<ADB::AttributeIndex>& indices = session.GetAttributeIndices ();
     for (int entry = 1; entry <= GetCount (); ++entry) {
         const QRect line = GetLineRect (entry);
-        if (entry == hovered || entry == initial) {
-            painter.fillRect (line, entry == hovered ? Theme::AccentLightColor : Theme::HoverColor);
-            if (entry == hovered) {
-                painter.setPen (Theme::AccentColor);
-                painter.drawRect (line.adjusted (0, 0, -1, -1));
-            }
-        }
+        PaintHighlight (painter, line, entry);
         // The preview is drawn by the attribute controls into a recording, replayed here.
         Gfx::DrawingContext recording;
         const Gfx::Rect preview (line.left () + PreviewInset, line.top () + PreviewInset, line.left () + PreviewWidth - PreviewInset,
@@ -122,45 +86,25 @@ void AttributePickerPopupView::paintEvent (QPaintEvent*)
     }
 }
 
-void AttributePickerPopupView::mouseMoveEvent (QMouseEvent* event)
-{
-    SetHovered (rect ().contains (event->position ().toPoint ()) ? GetEntryAt (event->position ().toPoint ()) : 0);
-}
-
 void AttributePickerPopupView::mouseReleaseEvent (QMouseEvent* event)
 {
     if (event->button () != Qt::LeftButton) return;
     const QPoint position = event->position ().toPoint ();
-    const int entry = rect ().contains (position) ? GetEntryAt (position) : 0;
-    if (entry > 0) chosen = entry;
-    hide ();
-}
-
-void AttributePickerPopupView::leaveEvent (QEvent*)
-{
-    SetHovered (0);
+    // A click on no entry (or outside) closes without a choice.
+    Close (rect ().contains (position) ? GetEntryAt (position) : 0);
 }
 
 void AttributePickerPopupView::keyPressEvent (QKeyEvent* event)
 {
     switch (event->key ()) {
         // From the entry under the pointer, or else from the preselected one.
-        case Qt::Key_Down: SetHovered (std::min (GetCount (), (hovered != 0 ? hovered : initial) + 1)); break;
-        case Qt::Key_Up: SetHovered (std::max (1, (hovered != 0 ? hovered : initial + 1) - 1)); break;
+        case Qt::Key_Down: SetHovered (std::min (GetCount (), (GetHovered () != 0 ? GetHovered () : GetInitial ()) + 1)); break;
+        case Qt::Key_Up: SetHovered (std::max (1, (GetHovered () != 0 ? GetHovered () : GetInitial () + 1) - 1)); break;
         case Qt::Key_Return:
-        case Qt::Key_Enter:
-            chosen = hovered;
-            hide ();
-            break;
+        case Qt::Key_Enter: Close (GetHovered ()); break;
         case Qt::Key_Escape: Dismiss (); break;
         default: QWidget::keyPressEvent (event); break;
     }
-}
-
-void AttributePickerPopupView::hideEvent (QHideEvent* event)
-{
-    QWidget::hideEvent (event);
-    if (loop.isRunning ()) loop.quit ();
 }
 
 }   // namespace TxalQt

@@ -28,11 +28,8 @@ QColor ToQColor (const Gfx::Color& color)
 }   // namespace
 
 PickerPopup::PickerPopup (std::vector<Pk::PickerControl::Entry> pickerEntries, int initialEntry, bool showHeader, std::function<void (int)> onTrack)
-    : QWidget (nullptr, Qt::Popup), entries (std::move (pickerEntries)), track (std::move (onTrack)), initial (initialEntry)
+    : TrackingPopup (initialEntry, std::move (onTrack)), entries (std::move (pickerEntries))
 {
-    setAttribute (Qt::WA_DeleteOnClose, false);
-    setMouseTracking (true);
-    setFont (Theme::GetFont (Gfx::PlainFont));
     const int count = std::max<int> (1, static_cast<int> (entries.size ()));
     columns = std::clamp (static_cast<int> (std::ceil (std::sqrt (count * 2.0))), 1, std::min (MaxColumns, count));
     const int rows = (count + columns - 1) / columns;
@@ -63,45 +60,17 @@ bool PickerPopup::IsSelectable (int entry) const
     return candidate.enabled && !candidate.separator;
 }
 
-int PickerPopup::Exec (const QPoint& position)
-{
-    move (position);
-    show ();
-    setFocus (Qt::PopupFocusReason);
-    if (isVisible ()) loop.exec ();
-    return chosen;
-}
-
-void PickerPopup::Dismiss ()
-{
-    chosen = 0;
-    hide ();
-}
-
-void PickerPopup::SetHovered (int entry)
-{
-    if (!IsSelectable (entry)) entry = 0;
-    if (entry == hovered) return;
-    hovered = entry;
-    update ();
-    if (track) track (entry);
-}
-
 void PickerPopup::Choose (int entry)
 {
-    if (!IsSelectable (entry)) return;
-    chosen = entry;
-    hide ();
+    if (IsSelectable (entry)) Close (entry);
 }
 
 void PickerPopup::paintEvent (QPaintEvent*)
 {
     QPainter painter (this);
-    painter.fillRect (rect (), Theme::BaseColor);
-    painter.setPen (Theme::FrameColor);
-    painter.drawRect (rect ().adjusted (0, 0, -1, -1));
+    PaintBackground (painter);
     if (headerHeight > 0) {
-        const int shown = hovered != 0 ? hovered : initial;
+        const int shown = GetHovered () != 0 ? GetHovered () : GetInitial ();
         const QRect header (Margin + HeaderPadding, Margin, width () - 2 * (Margin + HeaderPadding), headerHeight - 2);
         if (shown >= 1 && shown <= static_cast<int> (entries.size ())) {
             painter.setPen (Theme::InkColor);
@@ -115,13 +84,7 @@ void PickerPopup::paintEvent (QPaintEvent*)
         const Pk::PickerControl::Entry& item = entries[static_cast<std::size_t> (entry - 1)];
         if (item.separator) continue;
         const QRect cell = GetCellRect (entry);
-        if (entry == hovered || entry == initial) {
-            painter.fillRect (cell, entry == hovered ? Theme::AccentLightColor : Theme::HoverColor);
-            if (entry == hovered) {
-                painter.setPen (Theme::AccentColor);
-                painter.drawRect (cell.adjusted (0, 0, -1, -1));
-            }
-        }
+        PaintHighlight (painter, cell, entry);
         const QRect swatch = cell.adjusted (SwatchInset, SwatchInset, -SwatchInset, -SwatchInset);
         if (item.hasColor) {
             QColor colour = ToQColor (item.color);
@@ -135,34 +98,25 @@ void PickerPopup::paintEvent (QPaintEvent*)
     }
 }
 
-void PickerPopup::mouseMoveEvent (QMouseEvent* event)
-{
-    SetHovered (rect ().contains (event->position ().toPoint ()) ? GetEntryAt (event->position ().toPoint ()) : 0);
-}
-
 void PickerPopup::mouseReleaseEvent (QMouseEvent* event)
 {
     if (event->button () != Qt::LeftButton) return;
     const QPoint position = event->position ().toPoint ();
     // A release outside closes without a choice, as a click outside any popup does.
     if (!rect ().contains (position)) {
-        hide ();
+        Dismiss ();
         return;
     }
     Choose (GetEntryAt (position));
 }
 
-void PickerPopup::leaveEvent (QEvent*)
-{
-    SetHovered (0);
-}
-
 void PickerPopup::keyPressEvent (QKeyEvent* event)
 {
     const int count = static_cast<int> (entries.size ());
-    int target = hovered != 0 ? hovered : std::max (initial, 1);
+    const int hovered = GetHovered ();
+    int       target = hovered != 0 ? hovered : std::max (GetInitial (), 1);
     switch (event->key ()) {
-        case Qt::Key_Escape: hide (); return;
+        case Qt::Key_Escape: Dismiss (); return;
         case Qt::Key_Return:
         case Qt::Key_Enter:  Choose (hovered); return;
         case Qt::Key_Left:   target -= 1; break;
@@ -171,14 +125,8 @@ void PickerPopup::keyPressEvent (QKeyEvent* event)
         case Qt::Key_Down:   target += columns; break;
         default:             return;
     }
-    if (hovered == 0 && initial == 0) target = 1;
+    if (hovered == 0 && GetInitial () == 0) target = 1;
     SetHovered (std::clamp (target, 1, std::max (count, 1)));
-}
-
-void PickerPopup::hideEvent (QHideEvent* event)
-{
-    QWidget::hideEvent (event);
-    loop.quit ();
 }
 
 }   // namespace TxalQt

@@ -209,36 +209,39 @@ void QtModalRunner::RunMenu (Wg::ModalSession& session)
     Finish (session, tracker.GetChosen ());
 }
 
-void QtModalRunner::RunPickerGrid (Wg::ModalSession& session)
-{
-    const auto& picker = static_cast<const Pk::PickerSession&> (session);
-    const Pk::PickerControl* control = picker.GetPickerControl ();
-    const bool header = control != nullptr && control->GetHeaderType () == Pk::PickerControl::TextHeader;
-    QPointer<PickerPopup> popup;
-    PickerPopup grid (picker.GetPickerEntries (), session.GetInitialEntry (), header, [&session, &popup] (int entry) {
-        if (session.HasEnded ()) return;
-        const InputScope scope;
-        session.Perform (Wg::ModalStep::MakeTrack (entry));
-        if (session.HasEnded () && popup != nullptr) popup->Dismiss ();
-    });
-    popup = &grid;
-    const int chosen = grid.Exec (PopupPosition (FindItemWidget (session.GetAnchor ())));
-    Finish (session, chosen);
-}
+namespace {
 
-void QtModalRunner::RunAttributePicker (Wg::ModalSession& session)
+// Shows a tracking popup of type Popup (built from args and a track callback) at the session's
+// anchor: each entry tracked is a step of the session, and a session that ends meanwhile closes
+// the popup. Returns the chosen entry, 0 for none.
+template <typename Popup, typename... Args>
+int ExecTrackingPopup (Wg::ModalSession& session, Args&&... args)
 {
-    const auto& picker = static_cast<const TxAC::AttributePickerSession&> (session);
-    QPointer<AttributePickerPopupView> popup;
-    AttributePickerPopupView view (picker, [&session, &popup] (int entry) {
+    QPointer<TrackingPopup> popup;
+    Popup view (std::forward<Args> (args)..., [&session, &popup] (int entry) {
         if (session.HasEnded ()) return;
         const InputScope scope;
         session.Perform (Wg::ModalStep::MakeTrack (entry));
         if (session.HasEnded () && popup != nullptr) popup->Dismiss ();
     });
     popup = &view;
-    const int chosen = view.Exec (PopupPosition (FindItemWidget (session.GetAnchor ())));
-    Finish (session, chosen);
+    return view.Exec (PopupPosition (FindItemWidget (session.GetAnchor ())));
+}
+
+}   // namespace
+
+void QtModalRunner::RunPickerGrid (Wg::ModalSession& session)
+{
+    const auto& picker = static_cast<const Pk::PickerSession&> (session);
+    const Pk::PickerControl* control = picker.GetPickerControl ();
+    const bool header = control != nullptr && control->GetHeaderType () == Pk::PickerControl::TextHeader;
+    Finish (session, ExecTrackingPopup<PickerPopup> (session, picker.GetPickerEntries (), session.GetInitialEntry (), header));
+}
+
+void QtModalRunner::RunAttributePicker (Wg::ModalSession& session)
+{
+    const auto& picker = static_cast<const TxAC::AttributePickerSession&> (session);
+    Finish (session, ExecTrackingPopup<AttributePickerPopupView> (session, picker));
 }
 
 }   // namespace TxalQt

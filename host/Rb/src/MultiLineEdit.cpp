@@ -5,7 +5,7 @@ namespace Rb {
 void MultiLineEditPopUpDialogObserver::TextChanged (const MultiLineEditPopUpDialog&) {}
 
 MultiLineEditPopUpDialog::MultiLineEditPopUpDialog (const Kor::UniString& text, Wg::Item* anchor, short width, short height)
-    : text (text), initialText (text), anchor (anchor), anchorLife ({anchor}), width (width), height (height)
+    : DialogSession (anchor), text (text), initialText (text), width (width), height (height)
 {
 }
 
@@ -16,27 +16,19 @@ void MultiLineEditPopUpDialog::SetText (const Kor::UniString& newText)
     NotifyObservers<MultiLineEditPopUpDialogObserver> ([this] (MultiLineEditPopUpDialogObserver& o) { o.TextChanged (*this); });
 }
 
-void MultiLineEditPopUpDialog::Invoke ()
-{
-    Wg::RunModal (*this);
-}
-
 bool MultiLineEditPopUpDialog::Perform (const Wg::ModalStep& step)
 {
     if (HasEnded ()) return true;
-    switch (step.op) {
-        case Wg::ModalStep::Type: SetText (step.text); break;
-        case Wg::ModalStep::Accept:
-            accepted = true;
-            MarkEnded ();
-            break;
-        case Wg::ModalStep::Cancel:
-            MarkEnded ();
-            SetText (initialText);
-            break;
-        default: break;
-    }
+    if (step.op == Wg::ModalStep::Type)
+        SetText (step.text);
+    else
+        PerformAcceptOrCancel (step);
     return HasEnded ();
+}
+
+void MultiLineEditPopUpDialog::RevertOnCancel ()
+{
+    SetText (initialText);
 }
 
 }   // namespace Rb

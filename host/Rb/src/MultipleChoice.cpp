@@ -62,13 +62,8 @@ void MultipleChoiceData::NotifySelectionChanged ()
 // --- MultipleChoicePopUpDialog ---
 
 MultipleChoicePopUpDialog::MultipleChoicePopUpDialog (MultipleChoiceData& data, Wg::Item* anchor)
-    : data (data), anchor (anchor), anchorLife ({anchor})
+    : DialogSession (anchor), data (data)
 {
-}
-
-void MultipleChoicePopUpDialog::Invoke ()
-{
-    Wg::RunModal (*this);
 }
 
 std::vector<Wg::ModalEntry> MultipleChoicePopUpDialog::GetEntries () const
@@ -91,21 +86,17 @@ void MultipleChoicePopUpDialog::Begin ()
 bool MultipleChoicePopUpDialog::Perform (const Wg::ModalStep& step)
 {
     if (HasEnded ()) return true;
-    switch (step.op) {
-        case Wg::ModalStep::Tick:
-            if (step.entry >= 1) data.SetItemSelected (static_cast<std::size_t> (step.entry - 1), step.flag);
-            break;
-        case Wg::ModalStep::Accept:
-            accepted = true;
-            MarkEnded ();
-            break;
-        case Wg::ModalStep::Cancel:
-            MarkEnded ();
-            data.SetSelection (selectionAtBegin);
-            break;
-        default: break;
+    if (step.op == Wg::ModalStep::Tick) {
+        if (step.entry >= 1) data.SetItemSelected (static_cast<std::size_t> (step.entry - 1), step.flag);
+    } else {
+        PerformAcceptOrCancel (step);
     }
     return HasEnded ();
+}
+
+void MultipleChoicePopUpDialog::RevertOnCancel ()
+{
+    data.SetSelection (selectionAtBegin);
 }
 
 }   // namespace Rb

@@ -1,27 +1,23 @@
 #include "Rb/RbResources.hpp"
 
+#include "Res/ResidentModule.hpp"
+
 namespace Rb {
 
 namespace {
 
-constexpr const char* SourceTag = "RbResources";
-constexpr int         StringLineTag = 1;
+constinit Res::ResidentModule resModule {ResModuleName, "RbResources"};
 
 }   // namespace
 
 Res::ModuleHandle GetResModule ()
 {
-    // Never removed: the module lives as long as the process, like the dialogs library.
-    static Res::ModuleHandle module = Res::NoModule;
-    if (module <= Res::NoModule) module = Res::ResInitModuleImageCache (ResModuleName);
-    return module;
+    return resModule.GetHandle ();
 }
 
 Kor::UniString GetResourceString (int resId, int index)
 {
-    Kor::UniString result;
-    Res::ResGetIndString_ParamAdapter (SourceTag, StringLineTag, resId, index, GetResModule (), Res::PlainStringType, result);
-    return result;
+    return resModule.GetString (resId, index);
 }
 
 Kor::UniString GetResourceCommonString (int index)

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "../../host/Rb/SelectionTestData.hpp"
+#include "OffscreenApplication.hpp"
 #include "TxalQt/Backend.hpp"
 #include "TxalQt/ItemSelectionPopup.hpp"
 #include "Wg/ModalRunner.hpp"
@@ -23,23 +24,7 @@ namespace {
 using Dialog = Rb::AutoClosingSingleItemSelectionDialog;
 using Popup = TxalQt::ItemSelectionPopup;
 
-class QtEnvironment : public ::testing::Environment {
-public:
-    void SetUp () override
-    {
-        if (qEnvironmentVariableIsEmpty ("QT_QPA_PLATFORM")) qputenv ("QT_QPA_PLATFORM", "offscreen");
-        application = std::make_unique<QApplication> (argc, argv);
-    }
-    void TearDown () override { application.reset (); }
-
-private:
-    int                           argc = 1;
-    char                          name[24] = "ItemSelectionPopupTests";
-    char*                         argv[2] = {name, nullptr};
-    std::unique_ptr<QApplication> application;
-};
-
-const auto* const environment = ::testing::AddGlobalTestEnvironment (new QtEnvironment);
+const auto* const environment = ::testing::AddGlobalTestEnvironment (new QtTest::OffscreenApplication ("ItemSelectionPopupTests"));
 
 void Key (QWidget& target, int key, const QString& text = {})
 {

@@ -22,6 +22,7 @@
 
 #include "ListBoxView.hpp"
 #include "Named.hpp"
+#include "OffscreenApplication.hpp"
 #include "Pk/PopupControl.hpp"
 #include "TxalQt/Backend.hpp"
 #include "TxalQt/PanelView.hpp"
@@ -35,23 +36,7 @@ namespace {
 
 using QtTest::Facts;
 
-class QtEnvironment : public ::testing::Environment {
-public:
-    void SetUp () override
-    {
-        if (qEnvironmentVariableIsEmpty ("QT_QPA_PLATFORM")) qputenv ("QT_QPA_PLATFORM", "offscreen");
-        application = std::make_unique<QApplication> (argc, argv);
-    }
-    void TearDown () override { application.reset (); }
-
-private:
-    int                           argc = 1;
-    char                          name[16] = "TxalQtTests";
-    char*                         argv[2] = {name, nullptr};
-    std::unique_ptr<QApplication> application;
-};
-
-const auto* const environment = ::testing::AddGlobalTestEnvironment (new QtEnvironment);
+const auto* const environment = ::testing::AddGlobalTestEnvironment (new QtTest::OffscreenApplication ("TxalQtTests"));
 
 void SendKey (QWidget& target, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {

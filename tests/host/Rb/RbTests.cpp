@@ -65,7 +65,11 @@ public:
         for (bool on : data.GetSelection ()) log += on ? "x" : ".";
         log += "]";
     }
-    void TextChanged (const Rb::MultiLineEditPopUpDialog& dialog) override { log += "<" + dialog.GetText ().ToUtf8 () + ">"; }
+    // "<text>", with "(ended)" when the dialog's session had ended by then.
+    void TextChanged (const Rb::MultiLineEditPopUpDialog& dialog) override
+    {
+        log += "<" + dialog.GetText ().ToUtf8 () + ">" + (dialog.HasEnded () ? "(ended)" : "");
+    }
     std::string log;
 };
 
@@ -129,6 +133,23 @@ TEST_F (RbPopupTest, MultiLineEditReportsTextChangesAndForgetsTheAnchorThatDies)
     EXPECT_EQ (dialog.GetWidth () * 1000 + dialog.GetHeight (), 200150);
     anchor.reset ();
     EXPECT_EQ (dialog.GetAnchor (), nullptr);
+}
+
+TEST_F (RbPopupTest, MultiLineEditCancelRestoresTheTextAfterTheSessionHasEnded)
+{
+    Rb::MultiLineEditPopUpDialog dialog ("a", nullptr, 200, 150);
+    dialog.Attach (log);
+    Rb::MultiLineEditPopUpDialogChanges changes (dialog);
+    Runner ().Queue (Wg::ModalStep::MakeType ("b"));
+    Runner ().Queue (Wg::ModalStep::MakeCancel ());
+    Runner ().Queue (Wg::ModalStep::MakeType ("c"));
+    dialog.Invoke ();
+    // A step after the end is ignored; the restore is heard as one change of an ended session.
+    EXPECT_EQ (log.log, "<b><a>(ended)");
+    EXPECT_FALSE (changes.HasTextChanged ());
+    EXPECT_FALSE (dialog.WasAccepted ());
+    EXPECT_TRUE (dialog.Perform (Wg::ModalStep::MakeAccept ()));
+    EXPECT_FALSE (dialog.WasAccepted ());
 }
 
 TEST (RbResourceTest, TheInformationIconExists)

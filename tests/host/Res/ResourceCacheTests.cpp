@@ -10,6 +10,7 @@
 #include "Res/Diagnostics.hpp"
 #include "Res/ResourceCache.hpp"
 #include "Res/ResourceError.hpp"
+#include "Res/ResidentModule.hpp"
 
 namespace fs = std::filesystem;
 
@@ -225,6 +226,34 @@ TEST_F (ResourceCacheTest, InMemoryImageIsReadOnFirstUse)
     ASSERT_EQ (asserts.GetCount (), 1u);
     EXPECT_EQ (asserts.GetReports ()[0].ToString (),
                "Res error assertion failed at " + moduleName + "/strings.txt:3 (expected '[<id>]' or '<index> = <text>', found 'broken')");
+}
+
+TEST_F (ResourceCacheTest, ResidentModuleLoadsOnceAndRetriesAFailedLoad)
+{
+    Res::ResidentModule resident (moduleName.c_str (), "ResidentTag");
+    {
+        // Nothing registered yet: the load fails and is reported, and a lookup finds nothing.
+        Kor::ScopedAssertCapture asserts;
+        Res::ScopedMissCapture   misses;
+        EXPECT_EQ (resident.GetHandle (), Res::NoModule);
+        EXPECT_EQ (resident.GetString (5, 1), "");
+        EXPECT_EQ (asserts.GetCount (), 2u);
+        ASSERT_EQ (misses.GetReports ().size (), 1u);
+    }
+    WriteGoodModule ();
+    Res::ResRegisterModuleImageDirectory (moduleName.c_str (), root.string ());
+    const Res::ModuleHandle module = resident.GetHandle ();
+    ASSERT_GT (module, Res::NoModule);
+    EXPECT_EQ (resident.GetString (6, 1), "Six one");
+    // Further uses neither load again nor count more uses.
+    EXPECT_EQ (resident.GetHandle (), module);
+    EXPECT_EQ (Res::ResGetModuleUseCount (module), 1);
+
+    Res::ScopedMissCapture misses;
+    EXPECT_EQ (resident.GetString (6, 2), "");
+    ASSERT_EQ (misses.GetReports ().size (), 1u);
+    EXPECT_EQ (misses.GetReports ()[0].ToString (), "missing string 6/2 in module " + std::to_string (module) + ", asked at ResidentTag:1");
+    Res::ResRemoveModuleImageCache (module);
 }
 
 TEST (BuiltInModuleTest, EmbeddedImagesLoadFromAnyWorkingDirectory)

@@ -9,6 +9,7 @@
 
 #include "ADB/AttributeSet.hpp"
 #include "Kor/Exceptions.hpp"
+#include "PickerPopUpLog.hpp"
 #include "TxAC/AttributePickerPopUp.hpp"
 #include "TxAC/PenControl.hpp"
 #include "TxAC/PreviewDrawUtility.hpp"
@@ -118,21 +119,7 @@ TEST_F (AttributeControlsTest, FilterModesOfferTheirAttributesAndAlwaysThePresel
     EXPECT_EQ (Names (TxAttr::idMaterial, custom), "Grass,Water");
 }
 
-// Logs the popup's notifications: "track(4) track(-) chose(4)".
-class PopUpLog : public TxAC::AttributePickerPopUpObserver {
-public:
-    void TrackedAttributeChanged (const TxAC::AttributePickerTrackEvent& event) override
-    {
-        const auto tracked = event.GetTrackedAttributeIndex ();
-        Add ("track(" + (tracked ? std::to_string (tracked->GetValue ()) : std::string ("-")) + ")");
-    }
-    void SelectedAttributeIndexChanged (const TxAC::AttributePickerPopUp&, const ADB::AttributeIndex& index) override
-    {
-        Add ("chose(" + std::to_string (index.GetValue ()) + ")");
-    }
-    void Add (const std::string& entry) { log += (log.empty () ? "" : " ") + entry; }
-    std::string log;
-};
+using PopUpLog = TestSupport::PickerPopUpLog;
 
 TEST_F (AttributeControlsTest, ThePopupTracksChoosesAndEndsWithTrackingOverNothing)
 {

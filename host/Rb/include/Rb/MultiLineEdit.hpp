@@ -8,6 +8,7 @@
 
 #include "Kor/Event.hpp"
 #include "Kor/LifeWatch.hpp"
+#include "Rb/DialogSession.hpp"
 #include "Kor/UniString.hpp"
 #include "Wg/Item.hpp"
 #include "Wg/ModalRunner.hpp"
@@ -23,7 +24,7 @@ public:
 };
 
 // The popup. Does not own its anchor.
-class MultiLineEditPopUpDialog : public Wg::ModalSession, public Kor::EventSource {
+class MultiLineEditPopUpDialog : public DialogSession, public Kor::EventSource {
 public:
     MultiLineEditPopUpDialog (const Kor::UniString& text, Wg::Item* anchor, short width, short height);
 
@@ -37,24 +38,18 @@ public:
     short                 GetWidth () const { return width; }
     short                 GetHeight () const { return height; }
 
-    // Runs the popup modally through the installed runner; returns when it is closed.
-    void Invoke ();
-    bool WasAccepted () const { return accepted; }
-
     // --- Wg::ModalSession ---
-    Kind      GetKind () const override { return Kind::Dialog; }
-    Wg::Item* GetAnchor () const override { return anchorLife.IsAlive () ? anchor : nullptr; }
-    void      Begin () override {}
-    bool      Perform (const Wg::ModalStep& step) override;
+    void Begin () override {}
+    bool Perform (const Wg::ModalStep& step) override;
+
+protected:
+    void RevertOnCancel () override;
 
 private:
     Kor::UniString text;
     Kor::UniString initialText;
-    Wg::Item*      anchor;
-    Kor::LifeWatch anchorLife;
     short          width;
     short          height;
-    bool           accepted = false;
 };
 
 // Whether the text of a multi-line edit popup differs from the one it started with.

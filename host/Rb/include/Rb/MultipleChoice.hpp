@@ -12,6 +12,7 @@
 
 #include "Kor/Event.hpp"
 #include "Kor/LifeWatch.hpp"
+#include "Rb/DialogSession.hpp"
 #include "Kor/UniString.hpp"
 #include "Wg/Item.hpp"
 #include "Wg/ModalRunner.hpp"
@@ -72,29 +73,23 @@ private:
 
 // The checklist popup over a MultipleChoiceData, anchored at a control. Does not own the data
 // or the anchor.
-class MultipleChoicePopUpDialog : public Wg::ModalSession {
+class MultipleChoicePopUpDialog : public DialogSession {
 public:
     MultipleChoicePopUpDialog (MultipleChoiceData& data, Wg::Item* anchor);
 
-    // Runs the popup modally through the installed runner; returns when it is closed.
-    void Invoke ();
-    // Whether the popup was closed with Accept (as opposed to Cancel).
-    bool WasAccepted () const { return accepted; }
     MultipleChoiceData& GetData () const { return data; }
 
     // --- Wg::ModalSession ---
-    Kind                        GetKind () const override { return Kind::Dialog; }
-    Wg::Item*                   GetAnchor () const override { return anchorLife.IsAlive () ? anchor : nullptr; }
     std::vector<Wg::ModalEntry> GetEntries () const override;
     void                        Begin () override;
     bool                        Perform (const Wg::ModalStep& step) override;
 
+protected:
+    void RevertOnCancel () override;
+
 private:
     MultipleChoiceData& data;
-    Wg::Item*           anchor;
-    Kor::LifeWatch      anchorLife;
     std::vector<bool>   selectionAtBegin;
-    bool                accepted = false;
 };
 
 }   // namespace Rb
