@@ -236,12 +236,7 @@ int main (int argc, char** argv)
             screenshot ("palette-W-01-imperial");
             pages.Run ("units metric\n", "pages");
             PageScreenshots (window, model, screenshot);
-            Demo::SaveClassificationScreenshots (window, [&] (const std::string& name, const QImage& image) {
-                const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
-                if (!image.save (file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());
-            });
-            Demo::SavePropertyScreenshots (window, screenshotDir, QString::fromStdString (options.suffix));
-            // Open pickers: the row previews the entry under the pointer.
+            // Open pickers, on the settings tab: the row previews the entry under the pointer.
             const auto openPicker = [&] (const char* element, const char* row, int entry, const char* name) {
                 pages.Run (std::string ("element ") + element + "\nclick " + row + "\n", "pages");
                 application.processEvents ();
@@ -253,6 +248,12 @@ int main (int argc, char** argv)
             openPicker ("W-03", "Composite", 1, "picker-composite");
             openPicker ("W-03", "\"Contour pen\"", 2, "picker-pen");
             openPicker ("B-01", "Profile", 3, "picker-profile");
+            // These leave the classifications and properties tab shown.
+            Demo::SaveClassificationScreenshots (window, [&] (const std::string& name, const QImage& image) {
+                const QString file = screenshotDir + "/" + QString::fromStdString (name + options.suffix) + ".png";
+                if (!image.save (file)) std::fprintf (stderr, "txal-demo: could not write %s\n", file.toLocal8Bit ().constData ());
+            });
+            Demo::SavePropertyScreenshots (window, screenshotDir, QString::fromStdString (options.suffix));
         }
         // The same pages at 200 %, from a second run (the scale is fixed when Qt starts).
         if (options.scale.empty ()) {
