@@ -69,6 +69,33 @@ void AttributeList::DispatchToSelectedItem (Fn&& fn)
     if (row > 0 && GetItemOfRow (row) == item) item->DrawListItem (row);
 }
 
+void AttributeList::RunModalWithRowsDrawn (const std::function<void ()>& run)
+{
+    // Drawing suspensions are scoped, so those begun inside the popup have ended when it
+    // returns; the outer hold is taken again then, unless the popup's observers destroyed the list.
+    class HoldAgain {
+    public:
+        explicit HoldAgain (AttributeList& list) : list (list), depth (list.drawSuspensionDepth), listLife (list) {}
+        ~HoldAgain ()
+        {
+            if (depth == 0 || listLife.IsGone ()) return;
+            list.drawSuspensionDepth = depth;
+            list.listBox->DisableDraw ();
+        }
+        std::int16_t GetDepth () const { return depth; }
+
+    private:
+        AttributeList& list;
+        std::int16_t   depth;
+        Kor::LifeWatch listLife;
+    } hold (*this);
+    if (hold.GetDepth () > 0) {
+        drawSuspensionDepth = 0;
+        listBox->EnableDraw ();
+    }
+    run ();
+}
+
 // --- In-place controls and focus ---
 
 bool AttributeList::SetOnTabItems ()

@@ -100,6 +100,14 @@ void AttributeListItem::DetachListItemFromList ()
     if (list != nullptr) list->DetachListItemFromList (this);
 }
 
+void AttributeListItem::RunModalWithRowsDrawn (const std::function<void ()>& run) const
+{
+    if (list != nullptr)
+        list->RunModalWithRowsDrawn (run);
+    else
+        run ();
+}
+
 void AttributeListItem::DrawListItem (short) const {}
 
 void AttributeListItem::InitializeOnTabItems () const

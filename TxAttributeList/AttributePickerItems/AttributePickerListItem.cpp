@@ -176,7 +176,7 @@ void AttributePickerListItem::OpenPickerPopUp ()
     popUp->SetSelectedAttributeIndex (selectedIndex);
     popUp->Attach (*this);
     // The popup is owned here and dies with this call, whatever the observers did meanwhile.
-    popUp->InvokePopUp ();
+    RunModalWithRowsDrawn ([&popUp] { popUp->InvokePopUp (); });
 }
 
 void AttributePickerListItem::RedrawSelectedRow ()

@@ -31,6 +31,14 @@ private:
     Kor::Owner<Kor::DynamicValue> variant;
 };
 
+// The row follows the popup (ticks, lines) while it is open, also when the click that opened it
+// holds the list's drawing.
+template <typename Dialog>
+void InvokeWithRowsDrawn (const AttributeListSimpleItem& row, Dialog& dialog)
+{
+    row.RunModalWithRowsDrawn ([&dialog] { dialog.Invoke (); });
+}
+
 }   // namespace
 
 // --- Free functions of the checklist ---
@@ -91,7 +99,7 @@ void PropertyListMultiEnumerationPopupItem::OpenPopup ()
     Rb::MultipleChoiceDataChanges              changes (data);
     PropertyListMultiEnumerationPopupItemValueUpdater updater (*this, descriptor.Get (), data);
     Kor::LifeWatch alive (*this);
-    dialog.Invoke ();
+    InvokeWithRowsDrawn (valueItem, dialog);
     if (alive.IsGone ()) return;
     if (changes.HasSelectionChanged ()) PropertyValueChanged ();
 }
@@ -143,7 +151,7 @@ void PropertyListStringListPopupItem::OpenPopup ()
     Rb::MultiLineEditPopUpDialogChanges changes (dialog);
     dialog.Attach (static_cast<Rb::MultiLineEditPopUpDialogObserver&> (*this));
     Kor::LifeWatch alive (*this);
-    dialog.Invoke ();
+    InvokeWithRowsDrawn (valueItem, dialog);
     if (alive.IsGone ()) return;
     dialog.Detach (static_cast<Rb::MultiLineEditPopUpDialogObserver&> (*this));
     if (changes.HasTextChanged ()) PropertyValueChanged ();

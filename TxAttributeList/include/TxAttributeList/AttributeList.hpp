@@ -8,6 +8,7 @@
 // the counter is 0.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <new>
 #include <optional>
@@ -269,6 +270,10 @@ public:
     std::optional<Wg::Rect> GetSelectedItemRect () const;
     void SelectItem (AttributeListItem* item, bool setFocus);
     OnTabItems& GetOnTabItems () const { return *onTabItems; }
+    // Runs a modal popup (run) with the rows drawn while it is open. The handler that opens a
+    // popup may hold the list's drawing, yet the rows must follow the popup (the preview of the
+    // entry under the pointer, ticks) as the user browses; the hold is back when run returns.
+    void RunModalWithRowsDrawn (const std::function<void ()>& run);
 
     // Whether a control stands over a column of the list box now: Is<Name>OnTabItemVisible for
     // every control of the table that asks for a query (IsLengthEditOnTabItemVisible, ...).

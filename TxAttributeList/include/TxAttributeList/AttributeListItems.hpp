@@ -9,6 +9,7 @@
 // notify nobody.
 
 #include <cstdint>
+#include <functional>
 
 #include "Gfx/Color.hpp"
 #include "Gfx/DrawingContext.hpp"
@@ -155,6 +156,10 @@ public:
     // --- Observers ---
     void Attach (AttributeListItemObserver& observer) { Kor::EventSource::Attach (observer); }
     void Detach (AttributeListItemObserver& observer) { Kor::EventSource::Detach (observer); }
+
+    // Runs a modal popup opened from this item's row with the rows drawn while it is open (see
+    // AttributeList::RunModalWithRowsDrawn); outside a list it just runs it.
+    void RunModalWithRowsDrawn (const std::function<void ()>& run) const;
 
     // --- Fields ---
     const Kor::UniString& GetName () const { return name; }

@@ -66,6 +66,27 @@ TEST_F (PickerRowTest, BrowsingPreviewsTheEntryUnderThePointerAndLeavingOrCancel
     EXPECT_EQ (log.Take (), "");
 }
 
+TEST_F (PickerRowTest, TheRowsAreDrawnWhileThePickerThatTheButtonOpenedIsOpen)
+{
+    // The button's press reaches the row through the list, which holds its drawing meanwhile;
+    // the preview of the entry under the pointer must still reach the screen.
+    AddFill ("Cut fill", "Brick", AttributeListFillItem::CutFills);
+    Click (1, Begin (Value ()) + 3);
+    std::uint64_t redraws = 0;
+    SnapshotRunner runner ([&] {
+        const std::uint64_t now = Box ().GetRedrawCount ();
+        const std::string shot = std::string (Box ().IsDrawEnabled () ? "drawn" : "held") + (now > redraws ? "+" : "=");
+        redraws = now;
+        return shot;
+    });
+    runner.Queue (Wg::ModalStep::MakeTrack (4));
+    runner.Queue (Wg::ModalStep::MakeTrack (2));
+    redraws = Box ().GetRedrawCount ();
+    Controls ().GetCheckBox ().UserPress ();
+    EXPECT_EQ (runner.Shots (), "drawn+ / drawn+");
+    EXPECT_TRUE (Box ().IsDrawEnabled ());
+}
+
 TEST_F (PickerRowTest, ChoosingNotifiesOnceAfterTheRowShowsTheChoiceAndCodeNeverNotifies)
 {
     auto* item = AddFill ("Cut fill", "Brick", AttributeListFillItem::CutFills);
