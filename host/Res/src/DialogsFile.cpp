@@ -12,6 +12,10 @@
 
 namespace Res {
 
+using Detail::IsBlank;
+using Detail::Shown;
+using Detail::Trimmed;
+
 namespace {
 
 constexpr char        CommentMark = '#';
@@ -21,7 +25,6 @@ constexpr char        EntrySeparator = '=';
 constexpr char        SizeSeparator = 'x';
 constexpr int         MaxDialogExtent = std::numeric_limits<short>::max ();
 constexpr int         MaxItemIndex = std::numeric_limits<short>::max ();
-constexpr std::size_t MaxShownLength = 24;   // how much of a bad word an error shows
 constexpr std::size_t RectNumberCount = 4;
 
 struct KindName {
@@ -38,28 +41,10 @@ constexpr std::array<KindName, 6> KindNames { {
     { DialogItemKind::Check, "check" },
 } };
 
-bool IsBlank (char c)
-{
-    return c == ' ' || c == '\t';
-}
-
-std::string_view Trimmed (std::string_view text)
-{
-    while (!text.empty () && IsBlank (text.front ())) text.remove_prefix (1);
-    while (!text.empty () && IsBlank (text.back ())) text.remove_suffix (1);
-    return text;
-}
-
 // The text before a comment mark, trimmed.
 std::string_view WithoutComment (std::string_view text)
 {
     return Trimmed (text.substr (0, text.find (CommentMark)));
-}
-
-std::string Shown (std::string_view text)
-{
-    if (text.size () > MaxShownLength) return "'" + std::string (text.substr (0, MaxShownLength)) + "...'";
-    return "'" + std::string (text) + "'";
 }
 
 // The blank-separated words of text.

@@ -9,6 +9,10 @@
 
 namespace Res {
 
+using Detail::IsBlank;
+using Detail::Shown;
+using Detail::Trimmed;
+
 namespace {
 
 constexpr char        CommentMark = '#';
@@ -17,25 +21,6 @@ constexpr char        SectionClose = ']';
 constexpr char        EntrySeparator = '=';
 constexpr char        Quote = '"';
 constexpr char        Escape = '\\';
-constexpr std::size_t MaxQuotedNumberLength = 24;   // how much of a bad number an error shows
-
-bool IsBlank (char c)
-{
-    return c == ' ' || c == '\t';
-}
-
-std::string_view Trimmed (std::string_view text)
-{
-    while (!text.empty () && IsBlank (text.front ())) text.remove_prefix (1);
-    while (!text.empty () && IsBlank (text.back ())) text.remove_suffix (1);
-    return text;
-}
-
-std::string Shown (std::string_view text)
-{
-    if (text.size () > MaxQuotedNumberLength) return "'" + std::string (text.substr (0, MaxQuotedNumberLength)) + "...'";
-    return "'" + std::string (text) + "'";
-}
 
 // The escape as written, when it is printable ASCII; a stray byte of a multi-byte character is
 // not copied into the message.

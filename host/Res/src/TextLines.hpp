@@ -22,4 +22,27 @@ struct TextLine {
 // The returned views point into contents. A leading UTF-8 byte order mark is skipped.
 std::vector<TextLine> SplitTextLines (const std::string& fileName, std::string_view contents);
 
+// How much of a bad word an error message shows.
+constexpr std::size_t MaxShownLength = 24;
+
+inline bool IsBlank (char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+// The text without blanks (spaces, tabs) at either end.
+inline std::string_view Trimmed (std::string_view text)
+{
+    while (!text.empty () && IsBlank (text.front ())) text.remove_prefix (1);
+    while (!text.empty () && IsBlank (text.back ())) text.remove_suffix (1);
+    return text;
+}
+
+// A word of the file as an error message quotes it, cut after MaxShownLength characters.
+inline std::string Shown (std::string_view text)
+{
+    if (text.size () > MaxShownLength) return "'" + std::string (text.substr (0, MaxShownLength)) + "...'";
+    return "'" + std::string (text) + "'";
+}
+
 }   // namespace Res::Detail
