@@ -13,6 +13,7 @@
 namespace Res {
 
 using Detail::IsBlank;
+using Detail::ParseNumber;
 using Detail::Shown;
 using Detail::Trimmed;
 
@@ -59,17 +60,6 @@ std::vector<std::string_view> Words (std::string_view text)
         words.push_back (text.substr (0, end));
         text.remove_prefix (end);
     }
-}
-
-// A decimal number, optionally negative, digits only, within [minimum, maximum].
-std::optional<int> ParseNumber (std::string_view text, int minimum, int maximum)
-{
-    if (text.empty () || (text.front () == '+')) return std::nullopt;
-    std::int64_t value = 0;
-    const auto [end, error] = std::from_chars (text.data (), text.data () + text.size (), value);
-    if (error != std::errc () || end != text.data () + text.size ()) return std::nullopt;
-    if (value < minimum || value > maximum) return std::nullopt;
-    return static_cast<int> (value);
 }
 
 std::optional<DialogItemKind> ParseKind (std::string_view text)

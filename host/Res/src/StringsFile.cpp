@@ -10,6 +10,7 @@
 namespace Res {
 
 using Detail::IsBlank;
+using Detail::ParseNumber;
 using Detail::Shown;
 using Detail::Trimmed;
 
@@ -28,20 +29,6 @@ std::string ShownEscape (char c)
 {
     if (static_cast<unsigned char> (c) < 0x80) return std::string ("\\") + c;
     return "after a backslash";
-}
-
-// A decimal number from 1 to the largest int, digits only.
-std::optional<int> ParseId (std::string_view text)
-{
-    if (text.empty ()) return std::nullopt;
-    std::int64_t value = 0;
-    for (const char c : text) {
-        if (c < '0' || c > '9') return std::nullopt;
-        value = value * 10 + (c - '0');
-        if (value > std::numeric_limits<int>::max ()) return std::nullopt;
-    }
-    if (value < 1) return std::nullopt;
-    return static_cast<int> (value);
 }
 
 class Parser {
@@ -75,7 +62,7 @@ private:
         const std::size_t close = text.find (SectionClose);
         if (close == std::string_view::npos) Fail ("unterminated section header: expected ']'");
         const std::string_view idText = Trimmed (text.substr (1, close - 1));
-        const std::optional<int> id = ParseId (idText);
+        const std::optional<int> id = ParseNumber (idText, 1, std::numeric_limits<int>::max ());
         if (!id) Fail ("list id " + Shown (idText) + " is not a number from 1 to 2147483647");
         const std::string_view rest = Trimmed (text.substr (close + 1));
         if (!rest.empty () && rest.front () != CommentMark) Fail ("unexpected text after ']': " + Shown (rest));
@@ -100,7 +87,7 @@ private:
         if (separator == std::string_view::npos)
             Fail ("expected '[<id>]' or '<index> = <text>', found " + Shown (text));
         const std::string_view indexText = Trimmed (text.substr (0, separator));
-        const std::optional<int> index = ParseId (indexText);
+        const std::optional<int> index = ParseNumber (indexText, 1, std::numeric_limits<int>::max ());
         if (!index) Fail ("index " + Shown (indexText) + " is not a number from 1 to 2147483647");
         if (currentList == nullptr) Fail ("entry before the first '[<id>]' section");
         if (const auto seen = entryLines.find (*index); seen != entryLines.end ())

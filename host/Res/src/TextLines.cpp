@@ -1,5 +1,7 @@
 #include "TextLines.hpp"
 
+#include <charconv>
+#include <cstdint>
 #include <cstdio>
 
 #include "Res/ResourceError.hpp"
@@ -86,6 +88,16 @@ std::vector<TextLine> SplitTextLines (const std::string& fileName, std::string_v
         start = next;
     }
     return lines;
+}
+
+std::optional<int> ParseNumber (std::string_view text, int minimum, int maximum)
+{
+    if (text.empty () || text.front () == '+') return std::nullopt;
+    std::int64_t value = 0;
+    const auto [end, error] = std::from_chars (text.data (), text.data () + text.size (), value);
+    if (error != std::errc () || end != text.data () + text.size ()) return std::nullopt;
+    if (value < minimum || value > maximum) return std::nullopt;
+    return static_cast<int> (value);
 }
 
 }   // namespace Res::Detail

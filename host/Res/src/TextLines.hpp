@@ -4,6 +4,7 @@
 // else throws Res::ResourceError naming the file and the line.
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,9 @@ struct TextLine {
 
 // The returned views point into contents. A leading UTF-8 byte order mark is skipped.
 std::vector<TextLine> SplitTextLines (const std::string& fileName, std::string_view contents);
+
+// A decimal number, optionally negative, digits only, within [minimum, maximum].
+std::optional<int> ParseNumber (std::string_view text, int minimum, int maximum);
 
 // How much of a bad word an error message shows.
 constexpr std::size_t MaxShownLength = 24;

@@ -136,9 +136,9 @@ protected:
         return *page;
     }
 
-    void AddProperty (const PropertyListTest::DefinitionSpec& spec, double value)
+    void AddProperty (const PropertyListTest::DefinitionFields& fields, double value)
     {
-        auto handler = Kor::NewRef<StoringHandler> (MakeDefinition (spec), log);
+        auto handler = Kor::NewRef<StoringHandler> (MakeDefinition (fields), log);
         handler->custom = Kor::NewOwner<Kor::NumValue> (value);
         page->properties.Push (handler);
     }

@@ -176,9 +176,9 @@ TEST_F (ContainerTest, RowsRebuiltWhileTheirEditIsReportedStaySafe)
 
 class CreatorTest : public PropertyListFixture {
 protected:
-    std::string Made (const DefinitionSpec& spec, IUserDefinedPropertyHandler::DisplayMode mode = IUserDefinedPropertyHandler::NormalDisplay)
+    std::string Made (const DefinitionFields& fields, IUserDefinedPropertyHandler::DisplayMode mode = IUserDefinedPropertyHandler::NormalDisplay)
     {
-        auto handler = Kor::NewRef<FakeHandler> (MakeDefinition (spec), log);
+        auto handler = Kor::NewRef<FakeHandler> (MakeDefinition (fields), log);
         handler->displayMode = mode;
         const Kor::Ref<PropertyListItem> item = TxAL::PropertyListItemCreator (handler).GetResult ();
         if (item.IsNull ()) return "none";
@@ -206,13 +206,13 @@ TEST_F (CreatorTest, EachKindOfPropertyGetsItsItem)
     const auto single = PropertyCollectionType::Single;
     const auto list = PropertyCollectionType::List;
     std::string out;
-    for (const DefinitionSpec& spec : std::vector<DefinitionSpec> {
+    for (const DefinitionFields& fields : std::vector<DefinitionFields> {
              {"a", V::Real, M::Angle}, {"v", V::Real, M::Volume}, {"r", V::Real, M::Area}, {"l", V::Real, M::Length},
              {"e", V::Enumeration, M::Undefined, single, {}, MakeStatusEnumeration (false)},
              {"m", V::Enumeration, M::Undefined, list, {}, MakeStatusEnumeration (true)}, {"s", V::String, M::Undefined, list},
              {"i", V::Integer, M::Length, list}, {"b", V::Boolean, M::Length}, {"n", V::Integer, M::Count}, {"t", V::String, M::Undefined},
              {"x", V::Real, M::Number}, {"c", V::Real, M::Count}, {"o", V::Enumeration, M::Undefined}})
-        out += Made (spec) + " ";
+        out += Made (fields) + " ";
     EXPECT_EQ (out, "PolarAngle Volume Area Length SingleEnumeration MultiEnumeration StringList StringList Boolean Int Text Real Real none ");
     EXPECT_EQ (Made ({"p"}, IUserDefinedPropertyHandler::AlwaysDisplayed), "Real+auto");
     EXPECT_EQ (Made ({"p"}, IUserDefinedPropertyHandler::CalculatedOnDemand), "Real");

@@ -58,8 +58,8 @@ inline Kor::ConstSharedPtr<Property::PropertyDefinitionGroup> MakeGroup (const c
 }
 
 // What a test definition is: a name, its types and optionally its group and descriptor.
-struct DefinitionSpec {
-    DefinitionSpec (const char* name = "P", PropertyValueType valueType = PropertyValueType::Real, MeasureType measure = MeasureType::Number,
+struct DefinitionFields {
+    DefinitionFields (const char* name = "P", PropertyValueType valueType = PropertyValueType::Real, MeasureType measure = MeasureType::Number,
                     PropertyCollectionType collection = PropertyCollectionType::Single,
                     Kor::ConstSharedPtr<Property::PropertyDefinitionGroup> group = {}, Kor::ConstSharedPtr<Property::IValueDescriptor> descriptor = {})
         : name (name), valueType (valueType), measure (measure), collection (collection), group (std::move (group)), descriptor (std::move (descriptor))
@@ -74,18 +74,18 @@ struct DefinitionSpec {
     Kor::ConstSharedPtr<Property::IValueDescriptor>        descriptor;
 };
 
-inline Kor::ConstSharedPtr<Property::PropertyDefinition> MakeDefinition (const DefinitionSpec& spec)
+inline Kor::ConstSharedPtr<Property::PropertyDefinition> MakeDefinition (const DefinitionFields& fields)
 {
     static std::uint8_t next = 0;
     Property::PropertyDefinition::Data data;
     data.guid = MakeGuid (2, ++next);
-    data.name = spec.name;
-    data.description = std::string (spec.name) + " text";
-    data.group = spec.group.IsNull () ? MakeGroup ("Common", 1) : spec.group;
-    data.valueType = spec.valueType;
-    data.collectionType = spec.collection;
-    data.measure = Property::Measure (spec.measure);
-    data.valueDescriptor = spec.descriptor;
+    data.name = fields.name;
+    data.description = std::string (fields.name) + " text";
+    data.group = fields.group.IsNull () ? MakeGroup ("Common", 1) : fields.group;
+    data.valueType = fields.valueType;
+    data.collectionType = fields.collection;
+    data.measure = Property::Measure (fields.measure);
+    data.valueDescriptor = fields.descriptor;
     return std::make_shared<const Property::PropertyDefinition> (std::move (data));
 }
 
@@ -197,9 +197,9 @@ protected:
 
     static Wg::ScriptedModalRunner& Runner () { return Wg::GetHeadlessModalRunner (); }
 
-    FakeHandler& Add (const DefinitionSpec& spec, Kor::Owner<DynamicValue> defaultValue = nullptr, Kor::Owner<DynamicValue> custom = nullptr)
+    FakeHandler& Add (const DefinitionFields& fields, Kor::Owner<DynamicValue> defaultValue = nullptr, Kor::Owner<DynamicValue> custom = nullptr)
     {
-        auto handler = Kor::NewRef<FakeHandler> (MakeDefinition (spec), log);
+        auto handler = Kor::NewRef<FakeHandler> (MakeDefinition (fields), log);
         handler->defaultValue = std::move (defaultValue);
         handler->custom = std::move (custom);
         collector.handlers.Push (handler);
